@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+// Finds the resource bundle "QZCsvConvXml.bundle": the folder named by the
+// environment variable QZCSVCONVXML_BUNDLE, else the bundle beside the loaded
+// library file, else ../share/QZCsvConvXml/QZCsvConvXml.bundle from there.
+class QZCLoadResource {
+public:
+    static constexpr const char* kBundleVariable = "QZCSVCONVXML_BUNDLE";
+
+    std::string getBundlePath() const;
+    std::string getPathName(const char* name) const;
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+// Debug trace for support staff. Off unless the host's environment holds the
+// switch variable; when off, a record costs one flag test.
+class QZCLog {
+public:
+    virtual ~QZCLog() = default;
+
+    // Name of the environment variable that switches logging on.
+    static constexpr const char* kSwitchVariable = "org.qzcsvconvxml.QZFylaCsvConv.DebugOutput";
+
+    static void InitDebugDump();
+    static void OutputLog(const char* sourceFile, int64_t line, const char* label, const char* message);
+
+    static bool m_bOutput;
+    static std::string m_strOutputPath;
+};
+
+// Records the caller's source position with the label and message.
+#define QZC_LOG(label, message) QZCLog::OutputLog(__FILE__, __LINE__, (label), (message))

@@ -1,0 +1,6 @@
+#include "QZCXParser.h"
+
+bool QZCXParser::Parse(const char*, const char*, const char*)
+{
+    return false;
+}
