@@ -13,6 +13,10 @@ public:
 
     QZCAccountBook() = default;
     virtual ~QZCAccountBook() = default;
+    QZCAccountBook(const QZCAccountBook&) = default;
+    QZCAccountBook(QZCAccountBook&&) noexcept = default;
+    QZCAccountBook& operator=(const QZCAccountBook&) = default;
+    QZCAccountBook& operator=(QZCAccountBook&&) noexcept = default;
 
     virtual void InitMembers();
     void SetCsvData(const Line& line, int rowNo);

@@ -12,6 +12,10 @@ class QZCAccountBook2 : public QZCAccountBook {
 public:
     QZCAccountBook2();
     ~QZCAccountBook2() override = default;
+    QZCAccountBook2(const QZCAccountBook2&) = default;
+    QZCAccountBook2(QZCAccountBook2&&) noexcept = default;
+    QZCAccountBook2& operator=(const QZCAccountBook2&) = default;
+    QZCAccountBook2& operator=(QZCAccountBook2&&) noexcept = default;
 
     void InitMembers() override;
     // Looks the XBRL element name up by the statement name.

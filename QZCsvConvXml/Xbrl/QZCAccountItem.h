@@ -19,6 +19,10 @@ public:
 
     QZCAccountItem() = default;
     virtual ~QZCAccountItem() = default;
+    QZCAccountItem(const QZCAccountItem&) = default;
+    QZCAccountItem(QZCAccountItem&&) noexcept = default;
+    QZCAccountItem& operator=(const QZCAccountItem&) = default;
+    QZCAccountItem& operator=(QZCAccountItem&&) noexcept = default;
 
     virtual void InitializeMember();
     // Takes columns 1 to 5 of an account item line; false (with the

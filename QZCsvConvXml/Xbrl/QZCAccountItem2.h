@@ -17,6 +17,10 @@ public:
 
     QZCAccountItem2() = default;
     ~QZCAccountItem2() override = default;
+    QZCAccountItem2(const QZCAccountItem2&) = default;
+    QZCAccountItem2(QZCAccountItem2&&) noexcept = default;
+    QZCAccountItem2& operator=(const QZCAccountItem2&) = default;
+    QZCAccountItem2& operator=(QZCAccountItem2&&) noexcept = default;
 
     void InitializeMember() override;
     using QZCAccountItem::SetChild;
