@@ -82,6 +82,10 @@ TEST(ParamCheck, PathAndFileResults)
     EXPECT_EQ(QZCParamCheck::CheckPathString("/x.csv/a", {"csv"}), CHECK_FILE_BAD_EXTENSION);
     EXPECT_EQ(QZCParamCheck::CheckFile(""), CHECK_FILE_EXCEPTION);
     EXPECT_EQ(takeErrors(), "0000-00000-HQZ9560E");
+    g_nRecordCount = 250;
+    EXPECT_FALSE(QZCParamCheck::CheckExistsFolder(3, ""));
+    g_nRecordCount = 0;
+    EXPECT_EQ(takeErrors(), "9999-00003-HQZ9950E");
     EXPECT_TRUE(QZCParamCheck::isUseFileParam("a.csv"));
     EXPECT_FALSE(QZCParamCheck::isUseFileParam(""));
     EXPECT_FALSE(QZCParamCheck::isUseFileParam(nullptr));
