@@ -231,6 +231,21 @@ TEST(ShippedDefinition, BrokenHeadLines)
               "0005-00003-HQZ9710E");
 }
 
+TEST(ShippedDefinition, FirstPassRowRules)
+{
+    EXPECT_EQ(checkFile("BS", replaced(kBalanceSheet, "A,BS,,,", "X,BS,,,")), "0001-00001-HQZ9760E");
+    EXPECT_EQ(checkFile("BS", replaced(kBalanceSheet, "C1,", "C2,")), "0003-00001-HQZ9780E");
+    EXPECT_EQ(checkFile("BS", replaced(kBalanceSheet, "C2,", "C1,")), "0004-00001-HQZ9790E");
+    EXPECT_EQ(checkFile("BS", "A,BS,,,\n"), "0001-00001-HQZ9770E");
+    EXPECT_EQ(checkFile("BS", "A,BS,,,\n" + kHead), "0004-00001-HQZ9710E");
+    // The line after a later "A" line must be its title.
+    EXPECT_EQ(checkFile("-", kBalanceSheet + "A,PL,,,\nB,x,,,\n"), "0037-00001-HQZ8220E");
+    EXPECT_EQ(checkFile("-", kBalanceSheet + "A,PL,,,\nC1,2025-04-01,,,\n"), "0037-00001-HQZ9850E");
+    EXPECT_EQ(checkFile("-", kBalanceSheet + "A,PL,,,\nC2,2026-03-31,,,\n"), "0037-00001-HQZ9870E");
+    EXPECT_EQ(checkFile("-", kBalanceSheet + "A,PL,,,\n売上高,1,1,2,NetSales\n"), "0037-00002-HQZ9710E");
+    EXPECT_EQ(checkFile("-", kBalanceSheet + "A,BS,,,\n貸借対照表,,,,\n"), "0036-00002-HQZ8050E");
+}
+
 TEST(ShippedDefinition, BrokenAccountLines)
 {
     EXPECT_EQ(checkFile("BS", replaced(kBalanceSheet, "売掛金,8500000,1,4,AccountsReceivableTrade",
