@@ -1,0 +1,5 @@
+#include "QZCDatDefinition.h"
+
+QZCDatDefinition::QZCDatDefinition() = default;
+
+QZCDatDefinition::~QZCDatDefinition() = default;
