@@ -42,6 +42,9 @@ public:
     int SaveXml(std::string& xml);
 
 private:
+    // Makes a freshly parsed document current, cursor on its root.
+    bool adopt(XERCES_CPP_NAMESPACE::DOMDocument* document);
+
     XERCES_CPP_NAMESPACE::DOMDocument* m_pDocument = nullptr;
     XERCES_CPP_NAMESPACE::XercesDOMParser* m_pParser = nullptr;
     XERCES_CPP_NAMESPACE::DOMNode* m_pCurrentNode = nullptr;

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+
+// A temporary folder that is removed with everything in it at the end of
+// the test.
+class TempDir {
+public:
+    TempDir();
+    ~TempDir();
+    TempDir(const TempDir&) = delete;
+    TempDir& operator=(const TempDir&) = delete;
+
+    const std::string& path() const { return m_path; }
+    // Path of a file or folder inside the temporary folder.
+    std::string file(const std::string& name) const;
+
+private:
+    std::string m_path;
+};
+
+// Writes bytes as they are.
+void writeBytes(const std::string& path, const std::string& bytes);
+// Writes UTF-8 text converted to Shift_JIS (fails the test when it has no
+// Shift_JIS form).
+void writeShiftJis(const std::string& path, const std::string& utf8Text);
+std::string readBytes(const std::string& path);
+
+// Points the library at a bundle folder for the life of the object and
+// restores the previous setting afterwards.
+class ScopedBundle {
+public:
+    explicit ScopedBundle(const std::string& bundle);
+    ~ScopedBundle();
+
+private:
+    std::string m_previous;
+    bool m_hadPrevious;
+};
+
+// The error list joined, as the host sees it; empties the list.
+std::string takeErrors();
