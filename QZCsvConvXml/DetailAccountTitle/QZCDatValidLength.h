@@ -17,7 +17,8 @@ protected:
     QZCDatMessage_t _validateDecimal(const std::string& value);
 
 private:
-    // Result of a value whose significant part has length places against a limit of limit places.
+    // Fewer places than the limit fit; exactly as many fit only with a sign
+    // in front when signRequiredAtLimit.
     static bool FitsPlaces(const std::string& value, size_t length, size_t limit, bool signRequiredAtLimit);
 
     std::string m_strLength;

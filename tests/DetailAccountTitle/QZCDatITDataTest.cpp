@@ -84,7 +84,7 @@ TEST(QZCDatConvertInfo, OneInstanceUntilDestroyed)
 TEST(QZCDatCsvFileRecords, SplitsQuotedFieldsAndLineEnds)
 {
     QZCDatCsvFile csv;
-    EXPECT_EQ(csv.ParseSimply("\"x,y\",z\r\n a\"b , \"c\"\"d\"\rlast\n"), 0);
+    EXPECT_EQ(csv.ParseSimply("\"x,y\",z\r\n a\"b ,\"c\"\"d\" \nlast\n"), 0);
     ASSERT_EQ(csv.GetRecordCount(), 3);
     EXPECT_STREQ(csv.GetItem(0, 0), "x,y");
     EXPECT_STREQ(csv.GetItem(0, 1), "z");

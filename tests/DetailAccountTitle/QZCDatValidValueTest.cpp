@@ -1,13 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "DatTestSupport.h"
 #include "QZCDatValidRange.h"
 #include "QZCDatValidStyleVersion.h"
+#include "TestSupport.h"
 
 namespace {
 
@@ -185,17 +183,12 @@ class QZCDatValidPathTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        m_dir = std::filesystem::temp_directory_path() /
-                ("qzc_dat_path_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) + "_" +
-                 ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::create_directories(m_dir);
-        std::ofstream(m_dir / "data.csv") << "HOI010,0\n";
-        std::ofstream(m_dir / "empty.csv");
+        writeBytes(m_dir.file("data.csv"), "HOI010,0\n");
+        writeBytes(m_dir.file("empty.csv"), "");
     }
-    void TearDown() override { std::filesystem::remove_all(m_dir); }
-    std::string Path(const char* name) const { return (m_dir / name).string(); }
+    std::string Path(const char* name) const { return m_dir.file(name); }
 
-    std::filesystem::path m_dir;
+    TempDir m_dir;
 };
 
 TEST_F(QZCDatValidPathTest, FileMustExistAndHoldData)
@@ -203,13 +196,13 @@ TEST_F(QZCDatValidPathTest, FileMustExistAndHoldData)
     EXPECT_EQ(CheckValue("existpath", Path("data.csv"), "file"), "");
     EXPECT_EQ(CheckValue("existpath", Path("empty.csv"), "file"), "HQZ9230E");
     EXPECT_EQ(CheckValue("existpath", Path("none.csv"), "file"), "HQZ9230E");
-    EXPECT_EQ(CheckValue("existpath", m_dir.string(), "file"), "HQZ9230E");
+    EXPECT_EQ(CheckValue("existpath", m_dir.path(), "file"), "HQZ9230E");
     EXPECT_EQ(CheckValue("existpath", "", "file"), "HQZ9240E");
 }
 
 TEST_F(QZCDatValidPathTest, FolderKinds)
 {
-    EXPECT_EQ(CheckValue("existpath", m_dir.string(), "dir1"), "");
+    EXPECT_EQ(CheckValue("existpath", m_dir.path(), "dir1"), "");
     EXPECT_EQ(CheckValue("existpath", Path("data.csv"), "dir1"), "HQZ9240E");
     EXPECT_EQ(CheckValue("existpath", Path("out.xml"), "dir2"), "");
     EXPECT_EQ(CheckValue("existpath", Path("missing/out.xml"), "dir2"), "HQZ9240E");
