@@ -52,7 +52,7 @@ std::string toUtf8(const XMLCh* text)
 }
 
 // Definition files never load anything from outside themselves: every
-// external DTD or entity resolves to empty text, so nothing is fetched.
+// external entity resolves to empty text, so nothing is fetched.
 class NoExternalEntities : public XMLEntityResolver {
 public:
     InputSource* resolveEntity(XMLResourceIdentifier*) override
@@ -100,7 +100,10 @@ bool QZCDOMParser::Initialize()
         XMLPlatformUtils::Initialize();
         platformReady = true;
         m_pParser = new XercesDOMParser;
-        m_pParser->setValidationScheme(XercesDOMParser::Val_Always);
+        // Validity errors would be ignored anyway; not validating lets the
+        // parser skip external DTDs altogether instead of loading them.
+        m_pParser->setValidationScheme(XercesDOMParser::Val_Never);
+        m_pParser->setLoadExternalDTD(false);
         m_pParser->setDoNamespaces(true);
         m_pParser->setCreateEntityReferenceNodes(false);
         m_pParser->setXMLEntityResolver(&gNoExternalEntities);
