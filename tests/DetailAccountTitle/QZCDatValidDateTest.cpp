@@ -32,6 +32,12 @@ TEST(QZCDatValidExistdate, DatesAtTheEraBoundaries)
     EXPECT_EQ(CheckDate("existdate", "4,31,5,1"), kBadDate);
     EXPECT_EQ(CheckDate("existdate", "5,1,5,1"), "");       // first day of 令和
     EXPECT_EQ(CheckDate("existdate", "5,1,4,30"), kBadDate);
+    EXPECT_EQ(CheckDate("existdate", "1,45,7,29"), "");     // 明治, 大正 and 昭和 meet
+    EXPECT_EQ(CheckDate("existdate", "1,45,7,30"), kBadDate);
+    EXPECT_EQ(CheckDate("existdate", "2,1,7,30"), "");
+    EXPECT_EQ(CheckDate("existdate", "2,15,12,25"), kBadDate);
+    EXPECT_EQ(CheckDate("existdate", "3,1,12,25"), "");
+    EXPECT_EQ(CheckDate("existdate", "3,1,12,24"), kBadDate);
     EXPECT_EQ(CheckDate("existdate", "1,23,1,1"), "");      // first day the table allows
     EXPECT_EQ(CheckDate("existdate", "1,22,12,31"), kBadDate);
 }
