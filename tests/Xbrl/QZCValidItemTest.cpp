@@ -83,6 +83,14 @@ TEST(ValidItems, ValueChecks)
     EXPECT_EQ(chars.run({""}), "ok:");
     EXPECT_EQ(chars.run({"Cash_1"}), "ng:0007-00001-HQZ9620E");
 
+    Checks calendar("<valid id=\"CALENDER\" column=\"1\" errorMsg=\"HQZ9620E\"/>");
+    EXPECT_EQ(calendar.run({"2024-02-29"}), "ok:");
+    EXPECT_EQ(calendar.run({""}), "ng:0007-00001-HQZ9620E");
+
+    Checks fyla("<valid id=\"FYLASTRING\" column=\"1\" errorMsg=\"HQZ8230E\"/>");
+    EXPECT_EQ(fyla.run({"株式会社テスト"}), "ok:");
+    EXPECT_EQ(fyla.run({"\xF0\x9F\x98\x80"}), "ng:0007-00001-HQZ8230E");
+
     Checks dates("<valid id=\"DATETYPE\" column=\"2\" errorMsg=\"HQZ9620E\"><content type=\"IncludeCalChk\"/></valid>");
     EXPECT_EQ(dates.run({"C1", "2024-02-29"}), "ok:");
     EXPECT_EQ(dates.run({"C1", "2023-02-29"}), "ng:0007-00002-HQZ9620E");
