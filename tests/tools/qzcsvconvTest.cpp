@@ -17,15 +17,15 @@
 
 namespace {
 
-struct Run {
+struct ToolRun {
     int status;
     std::string out;
 };
 
-Run runTool(const std::string& arguments)
+ToolRun runTool(const std::string& arguments)
 {
     std::string command = std::string(QZC_TOOL) + " " + arguments + " 2>/dev/null";
-    Run run{-1, ""};
+    ToolRun run{-1, ""};
     FILE* pipe = ::popen(command.c_str(), "r");
     if (!pipe)
         return run;
@@ -50,14 +50,14 @@ TEST(Tool, UsageErrorsExitWithTwo)
     EXPECT_EQ(runTool("xbrl --json a 3.0").status, 2);  // global options come first
     EXPECT_EQ(runTool("--lang fr xbrl a 3.0").status, 2);
     EXPECT_EQ(runTool("--help").status, 0);
-    Run version = runTool("--version");
+    ToolRun version = runTool("--version");
     EXPECT_EQ(version.status, 0);
     EXPECT_NE(version.out.find("qzcsvconv 1."), std::string::npos);
 }
 
 TEST(Tool, CleanFolderAsJson)
 {
-    Run run = runTool(kBundle + " --json xbrl " + kExample + " 3.0");
+    ToolRun run = runTool(kBundle + " --json xbrl " + kExample + " 3.0");
     ASSERT_EQ(run.status, 0) << run.out;
     nlohmann::json result = nlohmann::json::parse(run.out);
     const std::set<std::string> keys = {"Result", "DetailErrorInfo", "XbrlCsvFileCount", "CsvFileNameArray",
@@ -80,13 +80,13 @@ TEST(Tool, CleanFolderAsJson)
 
 TEST(Tool, ReportNamesEveryErrorInEitherLanguage)
 {
-    Run japanese = runTool(kBundle + " xbrl " + kExampleWithErrors + " 3.0");
+    ToolRun japanese = runTool(kBundle + " xbrl " + kExampleWithErrors + " 3.0");
     EXPECT_EQ(japanese.status, 0);
     EXPECT_NE(japanese.out.find("HOT010-3.0_SS.csv: チェックできません（形式エラー）"), std::string::npos) << japanese.out;
     EXPECT_NE(japanese.out.find("HQZ9700E 勘定科目コードが科目コードリストにありません。"), std::string::npos);
     EXPECT_NE(japanese.out.find("行 4, 列 2: HQZ8070E"), std::string::npos);
 
-    Run english = runTool(kBundle + " --lang en xbrl " + kExampleWithErrors + " 3.0");
+    ToolRun english = runTool(kBundle + " --lang en xbrl " + kExampleWithErrors + " 3.0");
     EXPECT_NE(english.out.find("inconsistent with the other files"), std::string::npos) << english.out;
     EXPECT_NE(english.out.find("HQZ9450E The amount has too many digits"), std::string::npos);
 }
@@ -95,7 +95,7 @@ TEST(Tool, FailedCheckExitsWithOne)
 {
     TempDir dir;
     writeBytes(dir.file("HOT010_3.0_BS.csv"), "");  // accepted name, nothing to read
-    Run run = runTool(kBundle + " --json xbrl " + dir.path() + " 3.0");
+    ToolRun run = runTool(kBundle + " --json xbrl " + dir.path() + " 3.0");
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(nlohmann::json::parse(run.out)["Result"], "E_FAIL");
 }
@@ -103,11 +103,14 @@ TEST(Tool, FailedCheckExitsWithOne)
 // Every code the library can put into an error entry has a message.
 TEST(MessageCatalog, CoversEveryCode)
 {
-    for (const QZCDatMsgRow& row : DatMsgTable)
-        if (*row.code)
+    for (const QZCDatMsgRow& row : DatMsgTable) {
+        if (*row.code) {
             EXPECT_TRUE(hasMessage(row.code)) << row.code;
-    for (const std::string& code : generalChackErrorList)
+        }
+    }
+    for (const std::string& code : generalChackErrorList) {
         EXPECT_TRUE(hasMessage(code)) << code;
+    }
 
     QZCDOMParser definition;
     ASSERT_TRUE(definition.Initialize());
@@ -126,8 +129,9 @@ TEST(MessageCatalog, CoversEveryCode)
     };
     visit();
     EXPECT_FALSE(codes.empty());
-    for (const std::string& code : codes)
+    for (const std::string& code : codes) {
         EXPECT_TRUE(hasMessage(code)) << code;
+    }
     EXPECT_EQ(messageFor("HQZ9999E", Language::English), "Unknown error.");
 }
 
