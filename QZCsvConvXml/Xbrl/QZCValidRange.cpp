@@ -1,0 +1,18 @@
+#include "QZCValidRange.h"
+
+#include "QZCDOMParser.h"
+
+bool QZCValidRange::SetDefinition(QZCDOMParser& parser, const std::string& itemId)
+{
+    return defineWith(parser, itemId, "QZCValidRange::SetDefinition", false, [this](QZCDOMParser& content) {
+        m_nMin = LeadingInt(content.GetAttribute("min"));
+        m_nMax = LeadingInt(content.GetAttribute("max"));
+    });
+}
+
+bool QZCValidRange::DoCheck(const std::string& value)
+{
+    const int number = LeadingInt(value);
+    return judge(m_nMin <= number && number <= m_nMax, "QZCValidRange::DoCheck",
+                 "読み込んだCSVファイルの値が有効な範囲を超えています。");
+}
