@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the library and runs it on the bundled example.
+# Installs what is missing, builds the library and the tool, and checks the
+# bundled example folder of financial statements.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/build.sh
-echo "Built ${QZC_BUILD_DIR:-build}/lib/libQZCsvConvXml.so with its resource bundle."
+"${QZC_BUILD_DIR:-build}/bin/qzcsvconv" "$@" xbrl examples/financial-statements 3.0

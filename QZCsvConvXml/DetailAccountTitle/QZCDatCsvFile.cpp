@@ -1,0 +1,487 @@
+#include "QZCDatCsvFile.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <sstream>
+
+#include "QZCDOMParser.h"
+#include "QZCDatConvertInfo.h"
+#include "QZCDatITData.h"
+#include "QZCDatValidFylstring.h"
+#include "QZCLog.h"
+#include "QZCMacOSNative.h"
+#include "QZCPublicFunction.h"
+#include "QZCUtility.h"
+
+namespace {
+
+constexpr int64_t kMaxRecordCount = int64_t{1} << 31;
+constexpr long kMaxPageNumber = 100000000;
+
+bool IsLineEnd(char c)
+{
+    return c == '\r' || c == '\n';
+}
+
+QZCDatITData* ITData()
+{
+    return QZCDatConvertInfo::instance()->GetITData();
+}
+
+// The first detail operation: a detail statement (0x0001) of 0x0100.
+bool IsTypeCaseDetail()
+{
+    return ITData()->IsUtiwakeOn() && ITData()->IsD15HO001On();
+}
+
+void AddError(int64_t line, int64_t column, const char* code)
+{
+    QZCUtility::AddCsvErrorInfo(static_cast<int>(line), static_cast<int>(column), code);
+}
+
+}  // namespace
+
+int QZCDatCsvFile::ReadFile(const char* path, QZCDOMParser* definition)
+{
+    const char* label = "QZCDatCsvFile::ReadFile";
+    if (path == nullptr || *path == '\0') {
+        QZCUtility::AddParamErrorInfoDefinition(1, "HQZ9230E");
+        QZC_LOG(label, "ファイル名が設定されていません。");
+        return -1;
+    }
+    try {
+        m_pDefinition = definition;
+        Clear();
+        const char* problem = nullptr;
+        if (!QZCMacOSNative::pathFileExists(path)) {
+            problem = "CSVファイルが存在しません。";
+        } else if (!QZCMacOSNative::pathFileIsRead(path)) {
+            problem = "CSVファイルリードエラーが発生しました。";
+        } else if (static_cast<int64_t>(QZCMacOSNative::getFileSize(path)) <= 0) {
+            problem = "CSVファイルにデータがありません。";
+        }
+        if (problem != nullptr) {
+            QZC_LOG(label, problem);
+            QZCUtility::AddParamErrorInfoDefinition(1, "HQZ9230E");
+            return -1;
+        }
+        const std::string text = QZCMacOSNative::readSJISFile(path);
+        g_nRecordCount = GetRoughRecordCount(text);
+        int result = Parse(text.c_str());
+        int64_t line = 0;
+        if (result == 0 && ITData()->IsUtiwakeOn() && !IsCorrectRecordRelation(line)) {
+            AddError(line, 1, "HQZ9580E");
+            QZC_LOG(label, "ページごとの最大行数超過（HQZ9580E）");
+            result = -1;
+        }
+        if (result == 0 && m_mapFormatKubun.empty()) {
+            AddError(0, 0, "HQZ9620E");
+            QZC_LOG(label, "CSVデータに有効なレコードが存在しません。（HQZ9620E）");
+            result = -1;
+        }
+        return result;
+    } catch (...) {
+        QZC_LOG(label, "想定外エラーが発生しました。");
+        throw -1;
+    }
+}
+
+int QZCDatCsvFile::ParseSimply(const char* text)
+{
+    const char* label = "QZCDatCsvFile::ParseSimply";
+    try {
+        m_bSimpleMode = true;
+        Parse(text);
+        if (m_nInvalidResult == 0) {
+            return 0;
+        }
+        g_nRecordCount = GetRecordCount();
+        AddError(m_nInvalidLine, m_nInvalidColumn, "HQZ8230E");
+        QZC_LOG(label, "Fyla利用可能文字ではない");
+        return -1;
+    } catch (...) {
+        QZCUtility::AddOtherExceptionErrorInfo();
+        QZC_LOG(label, "想定外エラーが発生しました。");
+        throw -1;
+    }
+}
+
+int QZCDatCsvFile::Parse(const char* text)
+{
+    if (text == nullptr) {
+        QZC_LOG("QZCDatCsvFile::Parse", "引数のポインタが不正です。");
+        throw -1;
+    }
+    const size_t length = std::strlen(text);
+    std::string field;
+    std::vector<std::string> record;
+    bool fieldStart = true;
+    bool quoted = false;
+    for (size_t i = 0; i < length; ++i) {
+        const char c = text[i];
+        if (quoted) {
+            // A quote closes the field only where a separator or line end
+            // follows (one blank may stand before the line feed); any other
+            // quote, a doubled one included, belongs to the value.
+            const char next = i + 1 < length ? text[i + 1] : '\0';
+            const bool closes = c == '"' && (next == '\0' || next == ',' || IsLineEnd(next) ||
+                                             (i + 2 < length && text[i + 2] == '\n'));
+            if (closes) {
+                quoted = false;
+            } else {
+                field += c;
+            }
+            continue;
+        }
+        if (fieldStart && c == '"') {
+            quoted = true;
+            fieldStart = false;
+            continue;
+        }
+        fieldStart = false;
+        if (c == ',') {
+            ColumnTerm(field, record, false);
+            fieldStart = true;
+        } else if (IsLineEnd(c)) {
+            if (c == '\r' && i + 1 < length && text[i + 1] == '\n') {
+                ++i;
+            }
+            if (ColumnTerm(field, record, true) != 0) {
+                return -1;
+            }
+            fieldStart = true;
+        } else {
+            field += c;
+        }
+    }
+    if (record.empty() && field.empty()) {
+        return 0;
+    }
+    return ColumnTerm(field, record, true) != 0 ? -1 : 0;
+}
+
+int64_t QZCDatCsvFile::GetRoughRecordCount(const std::string& text) const
+{
+    // A line end right after the previous one (or a first line of one byte)
+    // adds nothing; the text after the last line end counts as a line.
+    int64_t count = 0;
+    size_t lastEnd = 0;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (!IsLineEnd(text[i])) {
+            continue;
+        }
+        if (i != 0 && i != lastEnd + 1) {
+            ++count;
+        }
+        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') {
+            ++i;
+        }
+        lastEnd = i;
+    }
+    if (text.size() > lastEnd + 1) {
+        ++count;
+    }
+    if (count >= kMaxRecordCount) {
+        QZC_LOG("QZCDatCsvFile::GetRoughRecordCount", "想定外エラーが発生しました。");
+        throw -1;
+    }
+    return count;
+}
+
+std::map<std::string, ReportAttr_t> QZCDatCsvFile::GetFormatKubun() const
+{
+    return m_mapFormatKubun;
+}
+
+int64_t QZCDatCsvFile::GetRecordCount() const
+{
+    const auto count = static_cast<int64_t>(m_vecRecords.size());
+    if (count >= kMaxRecordCount) {
+        QZC_LOG("QZCDatCsvFile::GetRecordCount", "想定外エラーが発生しました。");
+        throw -1;
+    }
+    return count;
+}
+
+bool QZCDatCsvFile::IsValidRecord(int64_t record) const
+{
+    return *GetItem(record, 0) != '\0' && m_vecRecords[static_cast<size_t>(record)].size() >= 2;
+}
+
+const char* QZCDatCsvFile::GetItem(int64_t record, int64_t field) const
+{
+    if (record < 0 || field < 0 || record >= static_cast<int64_t>(m_vecRecords.size())) {
+        return "";
+    }
+    const std::vector<std::string>& fields = m_vecRecords[static_cast<size_t>(record)];
+    return field < static_cast<int64_t>(fields.size()) ? fields[static_cast<size_t>(field)].c_str() : "";
+}
+
+void QZCDatCsvFile::SetItem(const std::string& value, int64_t record, int64_t field)
+{
+    if (record < 0 || field < 0 || record >= static_cast<int64_t>(m_vecRecords.size())) {
+        return;
+    }
+    std::vector<std::string>& fields = m_vecRecords[static_cast<size_t>(record)];
+    if (field < static_cast<int64_t>(fields.size())) {
+        fields[static_cast<size_t>(field)] = value;
+    }
+}
+
+bool QZCDatCsvFile::IsMeisai(int64_t record, int64_t field) const
+{
+    return std::strcmp(GetItem(record, field), "0") == 0;
+}
+
+const char* QZCDatCsvFile::GetRecordMeisaiGoukei(int64_t record) const
+{
+    return GetItem(record, 1);
+}
+
+int64_t QZCDatCsvFile::GetMaxOccurs(const std::string& formatKubun) const
+{
+    const auto found = m_mapFormatKubun.find(formatKubun);
+    return found != m_mapFormatKubun.end() ? found->second.maxOccurs : 0;
+}
+
+int64_t QZCDatCsvFile::GetMaxOccursPerTag(const std::string& formatKubun) const
+{
+    const auto found = m_mapFormatKubun.find(formatKubun);
+    return found != m_mapFormatKubun.end() ? found->second.maxOccursPerTag : 0;
+}
+
+void QZCDatCsvFile::DeleteEmptyRecord()
+{
+    m_vecRecords.erase(std::remove_if(m_vecRecords.begin(), m_vecRecords.end(),
+                                      [](const std::vector<std::string>& r) { return r.front().empty(); }),
+                       m_vecRecords.end());
+}
+
+void QZCDatCsvFile::Clear()
+{
+    m_mapFormatKubun.clear();
+    m_mapMaxOccurs.clear();
+    m_mapFormatKubunInfo.clear();
+    m_vecRecords.clear();
+    m_nColumnCount = 0;
+    m_nMaxOccurs = 0;
+}
+
+int QZCDatCsvFile::ColumnTerm(std::string& field, std::vector<std::string>& record, bool endOfRecord)
+{
+    record.push_back(QZCPublicFunction::StringTrim(field));
+    field.clear();
+    if (!endOfRecord) {
+        return 0;
+    }
+    if (!m_bSimpleMode) {
+        if (!ValidateRecord(record)) {
+            return -1;
+        }
+    } else if (m_nInvalidResult == 0) {
+        ValidFylstring(record);
+    }
+    m_vecRecords.push_back(std::move(record));
+    record.clear();
+    return 0;
+}
+
+bool QZCDatCsvFile::ValidateRecord(const std::vector<std::string>& record)
+{
+    const char* label = "QZCDatCsvFile::ValidateRecord";
+    const int64_t line = CurrentLine();
+    const std::string& formatKubun = record[0];
+    if (formatKubun.empty() && record.size() == 1) {
+        AddError(0, 0, "HQZ9300E");
+        QZC_LOG(label, "CSVのカラム数が不正です");
+        return false;
+    }
+    if (IsTypeCaseDetail() && m_nInvalidResult == 0) {
+        ValidFylstring(record);
+        if (m_nInvalidResult != 0) {
+            AddError(0, 0, "HQZ9310E");
+            QZC_LOG(label, "Fyla使用可能文字ではない");
+            return false;
+        }
+    }
+    if (formatKubun.empty()) {
+        AddError(line, 1, "HQZ9570E");
+        QZC_LOG(label, "フォーマット区分が空欄");
+        return false;
+    }
+    const FormatKubunInfo& info = LookUpFormatKubun(formatKubun);
+    if (!info.found) {
+        AddError(line, 1, "HQZ9580E");
+        QZC_LOG(label, "フォーマット区分が正しくないか該当するフォーマット区分がみつからない");
+        return false;
+    }
+    m_nColumnCount = info.columnNum;
+    m_vecColumnCountEx = info.columnNumEx;
+    m_nMaxOccurs = info.maxOccurs;
+    FormatKubunAdds(formatKubun, info.columnNum, info.maxOccurs, info.maxOccursPerTag);
+    const auto fields = static_cast<int64_t>(record.size());
+    const bool extraCountFits = std::any_of(m_vecColumnCountEx.begin(), m_vecColumnCountEx.end(),
+                                            [&](int64_t count) { return count == fields && count >= m_nColumnCount; });
+    if (fields != m_nColumnCount && !extraCountFits) {
+        AddError(0, 0, "HQZ9300E");
+        QZC_LOG(label, "CSVのカラム数が不正です");
+        return false;
+    }
+    if (ITData()->IsUtiwakeOn() && !GyouKubunCheck(formatKubun, record[1])) {
+        return false;
+    }
+    m_mapMaxOccurs.emplace(formatKubun, m_nMaxOccurs);
+    return true;
+}
+
+void QZCDatCsvFile::ValidFylstring(const std::vector<std::string>& record)
+{
+    for (size_t column = 1; column <= record.size(); ++column) {
+        QZCDatValidFylstring validator(static_cast<long>(column - 1), MSG_NONE);
+        const int result = validator.validate(record[column - 1]);
+        if (result != 0) {
+            m_nInvalidLine = CurrentLine();
+            m_nInvalidColumn = static_cast<int64_t>(column);
+            m_nInvalidResult = result;
+            return;
+        }
+    }
+}
+
+bool QZCDatCsvFile::IsValidFormatKubun(const std::string& formatKubun, const std::string& styleVersion) const
+{
+    if (m_pDefinition->GetNodeName() != "report" || m_pDefinition->GetAttribute("reportVR") != styleVersion) {
+        return false;
+    }
+    const std::string id = m_pDefinition->GetAttribute("id");
+    const std::string bracketed = m_pDefinition->GetAttribute("bracketed");
+    if (id == formatKubun) {
+        // The first detail operation wants a page-numbered form written with its page number.
+        return std::atol(bracketed.c_str()) == 0 || !IsTypeCaseDetail();
+    }
+    const size_t open = formatKubun.find('(');
+    if (open == std::string::npos || formatKubun.compare(0, open, id) != 0) {
+        return false;
+    }
+    return IsValidFormatKubunPageNumber(formatKubun.substr(open), bracketed);
+}
+
+bool QZCDatCsvFile::IsValidFormatKubunPageNumber(const std::string& rest, const std::string& bracketed) const
+{
+    const size_t open = rest.find('(');
+    const size_t close = rest.find(')');
+    return std::atol(bracketed.c_str()) == 1 && open != std::string::npos && close != std::string::npos &&
+           close == rest.size() - 1 && close > open && IsValidPageNumber(rest.substr(open + 1, close - open - 1));
+}
+
+bool QZCDatCsvFile::IsValidPageNumber(const std::string& text) const
+{
+    if (!std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; })) {
+        return false;
+    }
+    errno = 0;
+    const long page = std::strtol(text.c_str(), nullptr, 10);
+    return errno != ERANGE && page >= 1 && page <= kMaxPageNumber;
+}
+
+std::vector<int64_t> QZCDatCsvFile::GetVecColCount(const std::string& text) const
+{
+    std::vector<int64_t> counts;
+    std::istringstream stream(QZCPublicFunction::StringTrim(text));
+    for (std::string piece; stream >> piece;) {
+        counts.push_back(std::atol(piece.c_str()));
+    }
+    return counts;
+}
+
+void QZCDatCsvFile::FormatKubunAdds(const std::string& formatKubun, int64_t columnNum, int64_t maxOccurs,
+                                    int64_t maxOccursPerTag)
+{
+    m_mapFormatKubun.emplace(formatKubun.substr(0, formatKubun.find('(')),
+                             ReportAttr_t{columnNum, maxOccurs, maxOccursPerTag});
+}
+
+bool QZCDatCsvFile::GyouKubunCheck(const std::string& formatKubun, const std::string& gyouKubun)
+{
+    const char* label = "QZCDatCsvFile::GyouKubunCheck";
+    const int64_t line = CurrentLine();
+    if (gyouKubun.empty()) {
+        AddError(line, 2, "HQZ9590E");
+        QZC_LOG(label, "行区分が空欄（HQZ9590E）");
+        return false;
+    }
+    const std::vector<std::string>& kinds = LookUpFormatKubun(formatKubun).meisaiGoukei;
+    if (std::find(kinds.begin(), kinds.end(), gyouKubun) != kinds.end()) {
+        return true;
+    }
+    AddError(line, 2, "HQZ9600E");
+    QZC_LOG(label, (gyouKubun == "0" || gyouKubun == "1") ? "行区分的には正しいが定義体と一致しない（HQZ9600E）"
+                                                          : "不正な行区分（HQZ9600E）");
+    return false;
+}
+
+bool QZCDatCsvFile::IsCorrectRecordRelation(int64_t& line) const
+{
+    std::map<std::string, int64_t> counts;
+    int64_t number = 0;
+    for (const std::vector<std::string>& record : m_vecRecords) {
+        ++number;
+        const std::string& formatKubun = record[0];
+        if (formatKubun.find('(') == std::string::npos) {
+            continue;
+        }
+        const int64_t count = ++counts[formatKubun];
+        const auto max = m_mapMaxOccurs.find(formatKubun);
+        if (max != m_mapMaxOccurs.end() && count > max->second) {
+            line = number;
+            return false;
+        }
+    }
+    return true;
+}
+
+const QZCDatCsvFile::FormatKubunInfo& QZCDatCsvFile::LookUpFormatKubun(const std::string& formatKubun)
+{
+    const auto cached = m_mapFormatKubunInfo.find(formatKubun);
+    if (cached != m_mapFormatKubunInfo.end()) {
+        return cached->second;
+    }
+    FormatKubunInfo info;
+    if (m_pDefinition != nullptr && m_pDefinition->MoveRoot() == 0 && m_pDefinition->MoveFirstChild() == 0) {
+        const std::string styleVersion = ITData()->GetITData(ARG_VR);
+        do {
+            if (IsValidFormatKubun(formatKubun, styleVersion)) {
+                info.found = true;
+                info.columnNum = std::atol(m_pDefinition->GetAttribute("columnNum").c_str());
+                info.columnNumEx = GetVecColCount(m_pDefinition->GetAttribute("columnNumEx"));
+                info.maxOccurs = std::atol(m_pDefinition->GetAttribute("maxOccurs").c_str());
+                info.maxOccursPerTag = std::atol(m_pDefinition->GetAttribute("maxOccursPerTag").c_str());
+                break;
+            }
+        } while (m_pDefinition->MoveNextSibling() == 0);
+        // The row kinds come from the first report whose id starts the field-1 text.
+        if (info.found && m_pDefinition->MoveRoot() == 0 && m_pDefinition->MoveFirstChild() == 0) {
+            bool matched = false;
+            do {
+                const std::string id = m_pDefinition->GetAttribute("id");
+                matched = m_pDefinition->GetNodeName() == "report" && formatKubun.compare(0, id.size(), id) == 0 &&
+                          m_pDefinition->GetAttribute("reportVR") == styleVersion;
+            } while (!matched && m_pDefinition->MoveNextSibling() == 0);
+            if (matched && m_pDefinition->MoveFirstChild() == 0) {
+                do {
+                    if (m_pDefinition->GetNodeName() == "item") {
+                        info.meisaiGoukei.push_back(m_pDefinition->GetAttribute("meisaiGoukei"));
+                    }
+                } while (m_pDefinition->MoveNextSibling() == 0);
+            }
+        }
+    }
+    return m_mapFormatKubunInfo.emplace(formatKubun, std::move(info)).first->second;
+}
+
+int64_t QZCDatCsvFile::CurrentLine() const
+{
+    return static_cast<int64_t>(m_vecRecords.size()) + 1;
+}

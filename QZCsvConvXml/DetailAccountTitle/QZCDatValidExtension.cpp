@@ -1,0 +1,28 @@
+#include "QZCDatValidExtension.h"
+
+#include <algorithm>
+
+void QZCDatValidExtension::SetParam(const std::string& list)
+{
+    m_vecExtensions = SplitWords(list);
+}
+
+QZCDatMessage_t QZCDatValidExtension::_validate(const std::string& value)
+{
+    if (m_vecExtensions.empty()) {
+        ThrowParamError("QZCDatValidExtension::_validate");
+    }
+    if (value.empty()) {
+        return MSG_NONE;
+    }
+    const size_t point = value.rfind('.');
+    if (point != std::string::npos) {
+        std::string extension = value.substr(point);
+        std::transform(extension.begin(), extension.end(), extension.begin(),
+                       [](char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; });
+        if (std::find(m_vecExtensions.begin(), m_vecExtensions.end(), extension) != m_vecExtensions.end()) {
+            return MSG_NONE;
+        }
+    }
+    return Fail("QZCDatValidExtension::_validate", MSG_HQZ9370E);
+}

@@ -1,0 +1,3 @@
+#include "QZCDatXMLDefDate.h"
+
+QZCDatXMLDefDate::~QZCDatXMLDefDate() = default;

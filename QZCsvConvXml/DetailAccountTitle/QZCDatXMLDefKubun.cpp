@@ -1,0 +1,3 @@
+#include "QZCDatXMLDefKubun.h"
+
+QZCDatXMLDefKubun::~QZCDatXMLDefKubun() = default;

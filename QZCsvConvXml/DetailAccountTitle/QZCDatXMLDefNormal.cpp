@@ -1,0 +1,3 @@
+#include "QZCDatXMLDefNormal.h"
+
+QZCDatXMLDefNormal::~QZCDatXMLDefNormal() = default;

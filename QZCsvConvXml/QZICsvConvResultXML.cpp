@@ -1,0 +1,6 @@
+#include "QZICsvConvResultXML.h"
+
+void QZICsvConvResultXML::initialize()
+{
+    *this = QZICsvConvResultXML();
+}

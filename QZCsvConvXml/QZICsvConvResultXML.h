@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+// Result of a detail-statement check or a CSV write as the host receives it.
+class QZICsvConvResultXML {
+public:
+    std::string Result;
+    std::string DetailErrorInfo;
+    // 0 cannot be converted, 1 passed every check, 2 convertible with errors.
+    int64_t Conformity = 0;
+
+    // Empty strings and a conformity of 0.
+    void initialize();
+};

@@ -1,0 +1,67 @@
+#include "QZICsvConvXML.h"
+
+#include <memory>
+
+#include <unicode/ustring.h>
+
+#include "QZCCsvConvXML.h"
+#include "QZCXbrlResult.h"
+
+const char* const PROCESS_OK = "S_OK";
+const char* const PROCESS_FAIL = "E_FAIL";
+const char* const EMPTY_CONST_CHAR = "";
+
+const double QZCsvConvXmlVersionNumber = 1.0;
+const unsigned char QZCsvConvXmlVersionString[] = QZC_VERSION;
+
+namespace {
+
+// The argument as the facade takes it: a null pointer stays null, and so
+// does a text that is not valid UTF-8.
+const char* utf8Argument(const char* text)
+{
+    if (!text)
+        return nullptr;
+    UErrorCode status = U_ZERO_ERROR;
+    int32_t length = 0;
+    u_strFromUTF8(nullptr, 0, &length, text, -1, &status);
+    return status == U_INVALID_CHAR_FOUND || status == U_ILLEGAL_CHAR_FOUND ? nullptr : text;
+}
+
+std::string lastPathComponent(const std::string& path)
+{
+    size_t separator = path.find_last_of('/');
+    return separator == std::string::npos ? path : path.substr(separator + 1);
+}
+
+}  // namespace
+
+QZICsvConvXbrlResultXML QZICsvConvXML::CsvCheckToXbrl2(const char* csvFolder, const char* styleVersion)
+{
+    QZICsvConvXbrlResultXML result;
+    try {
+        result.initialize();
+        auto facade = std::make_unique<QZCCsvConvXML>();
+        const QZCXbrlResult* record = facade->CsvCheckToXbrl2(utf8Argument(csvFolder), utf8Argument(styleVersion));
+        if (!record)
+            return result;
+        result.Result = record->GetResult();
+        result.DetailErrorInfo = record->GetDetailErrorInfo();
+        int64_t count = record->GetCsvFileCount();
+        result.XbrlCsvFileCount = count;
+        for (int64_t i = 0; i < count; ++i) {
+            result.CsvFileNameArray.push_back(lastPathComponent(record->GetFileName(i)));
+            result.CheckResultArray.push_back(std::to_string(record->GetCheckResult(i)));
+            result.XbrlTypeArray.push_back(record->GetXbrlType(i));
+            result.StyleVersionArray.push_back(record->GetStyleVersion(i));
+            result.CorporateNameArray.push_back(record->GetCorporateName(i));
+            result.FiscalYearFromArray.push_back(record->GetFiscalYearFrom(i));
+            result.FiscalYearToArray.push_back(record->GetFiscalYearTo(i));
+            result.GenericCSVArray.push_back(record->GetGenericCSV(i));
+            result.DetailErrorInfoArray.push_back(record->GetDetailErrorInfo(i));
+        }
+    } catch (...) {
+        // Whatever was copied so far is the answer.
+    }
+    return result;
+}

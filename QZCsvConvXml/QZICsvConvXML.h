@@ -1,0 +1,21 @@
+#pragma once
+
+#include "QZICsvConvResultXML.h"
+#include "QZICsvConvXbrlResultXML.h"
+
+// Result codes of every operation.
+extern const char* const PROCESS_OK;
+extern const char* const PROCESS_FAIL;
+extern const char* const EMPTY_CONST_CHAR;
+
+extern const double QZCsvConvXmlVersionNumber;
+extern const unsigned char QZCsvConvXmlVersionString[];
+
+// The library's interface. Arguments are UTF-8 texts; a null pointer or a
+// text that is not valid UTF-8 is passed on as a missing argument. No
+// operation lets an exception reach the caller.
+class QZICsvConvXML {
+public:
+    // Checks a folder of financial statements CSV files.
+    QZICsvConvXbrlResultXML CsvCheckToXbrl2(const char* csvFolder, const char* styleVersion);
+};

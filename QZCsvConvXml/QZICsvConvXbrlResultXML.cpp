@@ -1,0 +1,6 @@
+#include "QZICsvConvXbrlResultXML.h"
+
+void QZICsvConvXbrlResultXML::initialize()
+{
+    *this = QZICsvConvXbrlResultXML();
+}

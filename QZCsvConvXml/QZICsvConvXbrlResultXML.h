@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+// Result of the financial statements check as the host receives it. Element
+// i of every array belongs to the same file.
+class QZICsvConvXbrlResultXML {
+public:
+    std::string Result;
+    std::string DetailErrorInfo;
+    int64_t XbrlCsvFileCount = 0;
+    std::vector<std::string> CsvFileNameArray;
+    std::vector<std::string> CheckResultArray;
+    std::vector<std::string> XbrlTypeArray;
+    std::vector<std::string> StyleVersionArray;
+    std::vector<std::string> CorporateNameArray;
+    std::vector<std::string> FiscalYearFromArray;
+    std::vector<std::string> FiscalYearToArray;
+    std::vector<std::string> GenericCSVArray;
+    std::vector<std::string> DetailErrorInfoArray;
+
+    // Empty strings, a count of 0 and empty arrays.
+    void initialize();
+};

@@ -1,0 +1,138 @@
+// The command-line tool as scripts use it: exit status, JSON and the report.
+#include <cstdio>
+#include <functional>
+#include <set>
+#include <string>
+
+#include <sys/wait.h>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "MessageCatalog.h"
+#include "QZCDOMParser.h"
+#include "QZCParamCheck.h"
+#include "QZCUtility.h"
+#include "TestSupport.h"
+
+namespace {
+
+struct ToolRun {
+    int status;
+    std::string out;
+};
+
+ToolRun runTool(const std::string& arguments)
+{
+    std::string command = std::string(QZC_TOOL) + " " + arguments + " 2>/dev/null";
+    ToolRun run{-1, ""};
+    FILE* pipe = ::popen(command.c_str(), "r");
+    if (!pipe)
+        return run;
+    char buffer[4096];
+    size_t got;
+    while ((got = std::fread(buffer, 1, sizeof buffer, pipe)) > 0)
+        run.out.append(buffer, got);
+    int status = ::pclose(pipe);
+    run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return run;
+}
+
+const std::string kBundle = std::string("--bundle ") + QZC_BUNDLE_DIR;
+const std::string kExample = std::string(QZC_SOURCE_DIR) + "/examples/financial-statements";
+const std::string kExampleWithErrors = std::string(QZC_SOURCE_DIR) + "/examples/financial-statements-with-errors";
+
+TEST(Tool, UsageErrorsExitWithTwo)
+{
+    EXPECT_EQ(runTool("").status, 2);
+    EXPECT_EQ(runTool("nonsense a b").status, 2);
+    EXPECT_EQ(runTool("xbrl only-one").status, 2);
+    EXPECT_EQ(runTool("xbrl --json a 3.0").status, 2);  // global options come first
+    EXPECT_EQ(runTool("--lang fr xbrl a 3.0").status, 2);
+    EXPECT_EQ(runTool("--help").status, 0);
+    ToolRun version = runTool("--version");
+    EXPECT_EQ(version.status, 0);
+    EXPECT_NE(version.out.find("qzcsvconv 1."), std::string::npos);
+}
+
+TEST(Tool, CleanFolderAsJson)
+{
+    ToolRun run = runTool(kBundle + " --json xbrl " + kExample + " 3.0");
+    ASSERT_EQ(run.status, 0) << run.out;
+    nlohmann::json result = nlohmann::json::parse(run.out);
+    const std::set<std::string> keys = {"Result", "DetailErrorInfo", "XbrlCsvFileCount", "CsvFileNameArray",
+                                        "CheckResultArray", "XbrlTypeArray", "StyleVersionArray",
+                                        "CorporateNameArray", "FiscalYearFromArray", "FiscalYearToArray",
+                                        "GenericCSVArray", "DetailErrorInfoArray"};
+    std::set<std::string> actual;
+    for (const auto& item : result.items())
+        actual.insert(item.key());
+    EXPECT_EQ(actual, keys);
+    EXPECT_EQ(result["Result"], "S_OK");
+    ASSERT_TRUE(result["XbrlCsvFileCount"].is_number_integer());
+    EXPECT_EQ(result["XbrlCsvFileCount"], 4);
+    EXPECT_EQ(result["CsvFileNameArray"][0], "HOT010_3.0_BS.csv");
+    EXPECT_EQ(result["CheckResultArray"], nlohmann::json({"0", "0", "0", "0"})) << run.out;
+    EXPECT_EQ(result["XbrlTypeArray"], nlohmann::json({"BS", "NT", "PL", "SS"}));
+    EXPECT_EQ(result["CorporateNameArray"][3], "株式会社みなと商事");
+    EXPECT_EQ(result["FiscalYearToArray"][2], "2025-03-31");
+}
+
+TEST(Tool, ReportNamesEveryErrorInEitherLanguage)
+{
+    ToolRun japanese = runTool(kBundle + " xbrl " + kExampleWithErrors + " 3.0");
+    EXPECT_EQ(japanese.status, 0);
+    EXPECT_NE(japanese.out.find("HOT010-3.0_SS.csv: チェックできません（形式エラー）"), std::string::npos) << japanese.out;
+    EXPECT_NE(japanese.out.find("HQZ9700E 勘定科目コードが科目コードリストにありません。"), std::string::npos);
+    EXPECT_NE(japanese.out.find("行 4, 列 2: HQZ8070E"), std::string::npos);
+
+    ToolRun english = runTool(kBundle + " --lang en xbrl " + kExampleWithErrors + " 3.0");
+    EXPECT_NE(english.out.find("inconsistent with the other files"), std::string::npos) << english.out;
+    EXPECT_NE(english.out.find("HQZ9450E The amount has too many digits"), std::string::npos);
+}
+
+TEST(Tool, FailedCheckExitsWithOne)
+{
+    TempDir dir;
+    writeBytes(dir.file("HOT010_3.0_BS.csv"), "");  // accepted name, nothing to read
+    ToolRun run = runTool(kBundle + " --json xbrl " + dir.path() + " 3.0");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(nlohmann::json::parse(run.out)["Result"], "E_FAIL");
+}
+
+// Every code the library can put into an error entry has a message.
+TEST(MessageCatalog, CoversEveryCode)
+{
+    for (const QZCDatMsgRow& row : DatMsgTable) {
+        if (*row.code) {
+            EXPECT_TRUE(hasMessage(row.code)) << row.code;
+        }
+    }
+    for (const std::string& code : generalChackErrorList) {
+        EXPECT_TRUE(hasMessage(code)) << code;
+    }
+
+    QZCDOMParser definition;
+    ASSERT_TRUE(definition.Initialize());
+    ASSERT_TRUE(definition.Parse((std::string(QZC_BUNDLE_DIR) + "/Xbrl/V3.0/QZCAccountBookCheckDefinition2.xml").c_str()));
+    // Walk every element of the definition and collect its message codes.
+    std::set<std::string> codes;
+    std::function<void()> visit = [&] {
+        if (!definition.GetAttribute("errorMsg").empty())
+            codes.insert(definition.GetAttribute("errorMsg"));
+        if (definition.MoveFirstChild() == 0) {
+            do
+                visit();
+            while (definition.MoveNextSibling() == 0);
+            definition.MoveParent();
+        }
+    };
+    visit();
+    EXPECT_FALSE(codes.empty());
+    for (const std::string& code : codes) {
+        EXPECT_TRUE(hasMessage(code)) << code;
+    }
+    EXPECT_EQ(messageFor("HQZ9999E", Language::English), "Unknown error.");
+}
+
+}  // namespace

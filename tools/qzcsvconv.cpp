@@ -1,0 +1,171 @@
+// qzcsvconv: runs the library's checks from the command line.
+//
+//   qzcsvconv [--bundle DIR] [--json] [--lang ja|en] COMMAND ARGS...
+//
+// Exit status: 0 when the result is "S_OK", 1 when "E_FAIL", 2 for a usage
+// error. With --json, one JSON object on standard output whose keys are the
+// result object's property names.
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
+
+#include "MessageCatalog.h"
+#include "QZCLoadResource.h"
+#include "QZICsvConvXML.h"
+
+namespace {
+
+struct Options {
+    std::string bundle;
+    bool json = false;
+    std::string lang = "ja";
+    Language language() const { return lang == "en" ? Language::English : Language::Japanese; }
+};
+
+// A text of the report in both languages.
+struct Text {
+    const char* ja;
+    const char* en;
+    const char* operator()(Language language) const { return language == Language::English ? en : ja; }
+};
+
+const Text kFinancialCheck{"財務諸表CSVのチェック", "Financial statements check"};
+const Text kFiles{"ファイル数", "files"};
+const Text kStatements{"財務諸表", "Statements"};
+const Text kCorporateName{"法人名", "Corporate name"};
+const Text kFiscalYear{"事業年度", "Fiscal year"};
+const Text kErrors{"エラー", "Errors"};
+const Text kWholeFile{"ファイル全体", "whole file"};
+const Text kArgument{"引数", "argument"};
+const Text kLine{"行", "line"};
+const Text kColumn{"列", "column"};
+const Text kCheckResults[] = {
+    {"変換できます（完全）", "complete: can become XBRL"},
+    {"内容に誤りがあります（不完全）", "incomplete: errors in the content"},
+    {"他のファイルと一致しません（不整合）", "inconsistent with the other files"},
+    {"チェックできません（形式エラー）", "format error: not checked"},
+};
+
+std::vector<std::string> splitEntries(const std::string& joined)
+{
+    std::vector<std::string> entries;
+    for (size_t start = 0; start < joined.size();) {
+        size_t comma = joined.find(',', start);
+        if (comma == std::string::npos)
+            comma = joined.size();
+        entries.push_back(joined.substr(start, comma - start));
+        start = comma + 1;
+    }
+    return entries;
+}
+
+// One error entry "LLLL-CCCCC-HQZnnnnE" as a line of the report.
+std::string describeEntry(const std::string& entry, Language language)
+{
+    size_t first = entry.find('-');
+    size_t second = first == std::string::npos ? std::string::npos : entry.find('-', first + 1);
+    if (second == std::string::npos)
+        return entry;
+    long line = std::strtol(entry.substr(0, first).c_str(), nullptr, 10);
+    long column = std::strtol(entry.substr(first + 1, second - first - 1).c_str(), nullptr, 10);
+    std::string code = entry.substr(second + 1);
+    std::string where;
+    if (line == 0 && column == 0)
+        where = kWholeFile(language);
+    else if (line == 9999)
+        where = std::string(kArgument(language)) + " " + std::to_string(column);
+    else
+        where = std::string(kLine(language)) + " " + std::to_string(line) + ", " + kColumn(language) + " " +
+                std::to_string(column);
+    return where + ": " + code + " " + messageFor(code, language);
+}
+
+void printEntries(const std::string& joined, const char* indent, Language language)
+{
+    if (joined.empty())
+        return;
+    std::cout << indent << kErrors(language) << ":\n";
+    for (const std::string& entry : splitEntries(joined))
+        std::cout << indent << "  " << describeEntry(entry, language) << "\n";
+}
+
+int exitStatus(const std::string& result)
+{
+    return result == PROCESS_OK ? 0 : 1;
+}
+
+int reportFinancial(const QZICsvConvXbrlResultXML& result, const Options& options)
+{
+    if (options.json) {
+        nlohmann::json out = {
+            {"Result", result.Result},
+            {"DetailErrorInfo", result.DetailErrorInfo},
+            {"XbrlCsvFileCount", result.XbrlCsvFileCount},
+            {"CsvFileNameArray", result.CsvFileNameArray},
+            {"CheckResultArray", result.CheckResultArray},
+            {"XbrlTypeArray", result.XbrlTypeArray},
+            {"StyleVersionArray", result.StyleVersionArray},
+            {"CorporateNameArray", result.CorporateNameArray},
+            {"FiscalYearFromArray", result.FiscalYearFromArray},
+            {"FiscalYearToArray", result.FiscalYearToArray},
+            {"GenericCSVArray", result.GenericCSVArray},
+            {"DetailErrorInfoArray", result.DetailErrorInfoArray},
+        };
+        std::cout << out.dump(2) << "\n";
+        return exitStatus(result.Result);
+    }
+    Language language = options.language();
+    std::cout << kFinancialCheck(language) << ": " << result.Result << " (" << kFiles(language) << " "
+              << result.XbrlCsvFileCount << ")\n";
+    printEntries(result.DetailErrorInfo, "", language);
+    for (size_t i = 0; i < result.CsvFileNameArray.size(); ++i) {
+        int code = std::atoi(result.CheckResultArray[i].c_str());
+        std::cout << "\n" << result.CsvFileNameArray[i] << ": "
+                  << (code >= 0 && code <= 3 ? kCheckResults[code](language) : result.CheckResultArray[i].c_str())
+                  << "\n";
+        std::cout << "  " << kStatements(language) << ": " << result.XbrlTypeArray[i] << "\n";
+        if (!result.CorporateNameArray[i].empty())
+            std::cout << "  " << kCorporateName(language) << ": " << result.CorporateNameArray[i] << "\n";
+        if (!result.FiscalYearFromArray[i].empty() || !result.FiscalYearToArray[i].empty())
+            std::cout << "  " << kFiscalYear(language) << ": " << result.FiscalYearFromArray[i] << " - "
+                      << result.FiscalYearToArray[i] << "\n";
+        printEntries(result.DetailErrorInfoArray[i], "  ", language);
+    }
+    return exitStatus(result.Result);
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    CLI::App app{"Checks CSV files before they become documents of the Fyla e-filing service.", "qzcsvconv"};
+    app.set_version_flag("--version", std::string("qzcsvconv ") + QZC_VERSION);
+    Options options;
+    app.add_option("--bundle", options.bundle, "Resource bundle folder to use instead of the installed one");
+    app.add_flag("--json", options.json, "Print one JSON object with the result's properties");
+    app.add_option("--lang", options.lang, "Language of the report")->check(CLI::IsMember({"ja", "en"}));
+    app.require_subcommand(1, 1);
+
+    std::string first, second;
+    CLI::App* xbrl = app.add_subcommand("xbrl", "Check a folder of financial statements CSV files");
+    xbrl->add_option("FOLDER", first, "Folder of the statements files")->required();
+    xbrl->add_option("STYLE_VERSION", second, "Style version, such as 3.0")->required();
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& success) {
+        return app.exit(success);
+    } catch (const CLI::ParseError& error) {
+        app.exit(error);
+        return 2;
+    }
+    if (!options.bundle.empty())
+        ::setenv(QZCLoadResource::kBundleVariable, options.bundle.c_str(), 1);
+
+    QZICsvConvXML library;
+    return reportFinancial(library.CsvCheckToXbrl2(first.c_str(), second.c_str()), options);
+}
