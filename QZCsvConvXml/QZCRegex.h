@@ -17,4 +17,11 @@ public:
     // As above; on a match appends the whole match and every group (empty
     // for a group that took no part) to groups, which is not cleared first.
     static bool rgx(const QZCRegex& regex, const std::string& text, std::vector<std::string>& groups);
+
+private:
+    // The engine for a text: the backtracking one for short texts, where it
+    // is faster and its recursion stays shallow, the polynomial one beyond.
+    const std::regex& engineFor(const std::string& text) const;
+
+    std::regex m_backtracking;
 };

@@ -61,10 +61,10 @@ bool QZCAccountBook2::SetDataWithProperty(const QZCKamokuCodeListCSV& codeList)
     }
 }
 
-bool QZCAccountBook2::SetAccountItems(const std::vector<QZCAccountItem2>& items)
+bool QZCAccountBook2::SetAccountItems(std::vector<QZCAccountItem2> items)
 {
     try {
-        m_vAccountItems2 = items;
+        m_vAccountItems2 = std::move(items);
         return SetLayerPathToAccountItems();
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();

@@ -22,7 +22,7 @@ public:
     bool SetElementName();
     // Element name of the book and code list attributes of every item.
     bool SetDataWithProperty(const QZCKamokuCodeListCSV& codeList);
-    bool SetAccountItems(const std::vector<QZCAccountItem2>& items);
+    bool SetAccountItems(std::vector<QZCAccountItem2> items);
     bool SetLayerPathToAccountItems();
 
     std::vector<QZCAccountItem2>::const_iterator GetAccountItemIterator2() const { return m_vAccountItems2.begin(); }

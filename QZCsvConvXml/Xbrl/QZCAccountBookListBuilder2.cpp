@@ -93,14 +93,14 @@ bool QZCAccountBookListBuilder2::commitAccountItemList(QZCAccountBook2& book, st
     size_t position = 0;
     const bool layered = ConstructLayeredAccountItems(items, root, position);
 
-    std::vector<QZCAccountItem2> topItems(root.GetChildrenIterator2(), root.GetChildrenEndIterator2());
+    std::vector<QZCAccountItem2> topItems = root.ReleaseChildren2();
     const std::string& kind = book.GetBookTypeID();
     if (kind == "BS" || kind == "PL") {
         for (QZCAccountItem2& item : topItems) {
             item.noticeBookTypeID(kind);
         }
     }
-    if (!IntegrateBookData(book, topItems)) {
+    if (!IntegrateBookData(book, std::move(topItems))) {
         throw std::runtime_error("account book not stored");
     }
     return layered;
@@ -134,13 +134,16 @@ bool QZCAccountBookListBuilder2::ConstructLayeredAccountItems(std::vector<QZCAcc
     return ok;
 }
 
-bool QZCAccountBookListBuilder2::IntegrateBookData(QZCAccountBook2& book, const std::vector<QZCAccountItem2>& topItems)
+bool QZCAccountBookListBuilder2::IntegrateBookData(QZCAccountBook2& book, std::vector<QZCAccountItem2> topItems)
 {
     try {
-        if (!book.SetAccountItems(topItems)) {
+        if (!book.SetAccountItems(std::move(topItems))) {
             return false;
         }
-        m_vBooks.push_back(book);
+        // The book moves into the list with its items; the builder goes on
+        // with a fresh one, as it would after emptying the old one.
+        m_vBooks.push_back(std::move(book));
+        book = QZCAccountBook2();
         return true;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();

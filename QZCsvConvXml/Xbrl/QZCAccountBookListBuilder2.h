@@ -19,7 +19,7 @@ public:
 
     bool AnalyzeFinancialStatement(const QZCFinancialStatementsCSV& csv, std::string& corporateName,
                                    std::string& fiscalYearFrom, std::string& fiscalYearTo) override;
-    std::vector<QZCAccountBook2> GetAccountBook2() const { return m_vBooks; }
+    const std::vector<QZCAccountBook2>& GetAccountBook2() const { return m_vBooks; }
     // Element names and code list attributes of every book.
     bool SetPropertyAfterLayered(const QZCKamokuCodeListCSV& codeList);
 
@@ -29,7 +29,7 @@ public:
     // Moves the items from position on that belong below parent into it.
     bool ConstructLayeredAccountItems(std::vector<QZCAccountItem2>& items, QZCAccountItem2& parent,
                                       size_t& position);
-    virtual bool IntegrateBookData(QZCAccountBook2& book, const std::vector<QZCAccountItem2>& topItems);
+    virtual bool IntegrateBookData(QZCAccountBook2& book, std::vector<QZCAccountItem2> topItems);
     // A statement title line: a first column and columns 2 to 5 empty.
     static bool isColumnSBJ(const Line& line);
 

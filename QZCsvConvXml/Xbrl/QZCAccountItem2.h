@@ -29,6 +29,8 @@ public:
     virtual std::vector<QZCAccountItem2> GetChildrenClones2() const { return m_vChildren2; }
     std::vector<QZCAccountItem2>::const_iterator GetChildrenIterator2() const { return m_vChildren2.begin(); }
     std::vector<QZCAccountItem2>::const_iterator GetChildrenEndIterator2() const { return m_vChildren2.end(); }
+    // Hands the children over without copying their subtrees.
+    std::vector<QZCAccountItem2> ReleaseChildren2() { return std::move(m_vChildren2); }
 
     void setRegex(std::shared_ptr<const QZCRegex> regex) { m_pRegex = std::move(regex); }
     // Takes tuple, original-account and required-member attributes from the
