@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <filesystem>
 #include <map>
 #include <set>
@@ -304,6 +305,113 @@ TEST_F(ShippedDefinitionsTest, CleanExamplesCheckWithoutEntriesAndWriteEveryValu
                 EXPECT_NE(fragment.find(value), std::string::npos)
                     << "record " << row + 1 << " column " << column + 1 << " is not written: " << fragment;
             }
+        }
+        QZCDatConvertInfo::destroy();
+    }
+}
+
+// Columns of a form that its typical mistakes go into: the first text with a
+// length limit, the first era date and the first 15-digit amount of a detail
+// row (1-based; 0 when the form has none).
+struct MistakeColumns {
+    long name = 0;
+    long nameMax = 0;
+    long date = 0;
+    bool fullDate = false;
+    long amount = 0;
+};
+
+MistakeColumns FindMistakeColumns(QZCDOMParser& dom, const std::string& version)
+{
+    MistakeColumns found;
+    dom.MoveRoot();
+    if (dom.MoveFirstChild() != 0) {
+        return found;
+    }
+    do {
+        if (dom.GetNodeName() != "report" || dom.GetAttribute("reportVR") != version || dom.MoveFirstChild() != 0) {
+            continue;
+        }
+        do {
+            const long itemColumn = std::atol(dom.GetAttribute("column").c_str());
+            if (dom.GetNodeName() != "item" || dom.GetAttribute("meisaiGoukei") == "1" || dom.MoveFirstChild() != 0) {
+                continue;
+            }
+            do {
+                const std::string id = dom.GetAttribute("id");
+                const long validColumn = std::atol(dom.GetAttribute("column").c_str());
+                const long column = validColumn >= 1 ? validColumn : itemColumn;
+                if (id == "charlength" && validColumn < 1 && found.name == 0) {
+                    found.name = column;
+                    found.nameMax = std::atol(dom.GetAttribute("max").c_str());
+                } else if ((id == "existdate" || id == "existmonth") && found.date == 0) {
+                    found.date = column;
+                    found.fullDate = id == "existdate";
+                } else if (id == "range" && validColumn < 1 && dom.GetAttribute("max") == "999999999999999" &&
+                           found.amount == 0) {
+                    found.amount = column;
+                }
+            } while (dom.MoveNextSibling() == 0);
+            dom.MoveParent();
+        } while (dom.MoveNextSibling() == 0);
+        dom.MoveParent();
+    } while (dom.MoveNextSibling() == 0);
+    return found;
+}
+
+// An entry as the error list writes it for the current record count.
+std::string Entry(int64_t line, long column, const char* code)
+{
+    std::string number = std::to_string(line);
+    const size_t width = std::to_string(g_nRecordCount).size();
+    number.insert(0, width > number.size() ? width - number.size() : 0, '0');
+    char buffer[32];
+    std::snprintf(buffer, sizeof buffer, "-%05ld-", column);
+    return number + buffer + code;
+}
+
+TEST_F(ShippedDefinitionsTest, EveryFormRefusesTheTypicalMistakes)
+{
+    for (const ShippedForm& form : ShippedForms()) {
+        SCOPED_TRACE(form.path);
+        Prepare(form);
+        const MistakeColumns columns = FindMistakeColumns(m_dom, form.version);
+        EXPECT_GT(columns.name, 0) << "no text with a length limit";
+        EXPECT_GT(columns.amount, 0) << "no amount";
+
+        // Each mistake goes alone into the first record of the clean example.
+        struct Mistake {
+            const char* what;
+            long column;
+            std::vector<std::string> values;
+        };
+        std::string tooLong;
+        for (long i = 0; i <= columns.nameMax; ++i) {
+            tooLong += "あ";
+        }
+        std::vector<Mistake> mistakes = {
+            {"a name one character too long", columns.name, {tooLong}},
+            {"an amount of 16 digits", columns.amount, {"1000000000000000"}},
+            {"a negative amount", columns.amount, {"-1"}},
+        };
+        if (columns.date > 0) {
+            // 令和6年2月30日 does not exist; 令和元年4月 was still 平成.
+            mistakes.push_back({"an impossible era date", columns.date,
+                                columns.fullDate ? std::vector<std::string>{"5", "6", "2", "30"}
+                                                 : std::vector<std::string>{"5", "1", "4"}});
+        }
+        for (const Mistake& mistake : mistakes) {
+            if (mistake.column <= 0) {
+                continue;
+            }
+            ASSERT_EQ(Check(ExamplePath(form.name() + ".csv")), "");
+            for (size_t i = 0; i < mistake.values.size(); ++i) {
+                m_csv.SetItem(mistake.values[i], 0, mistake.column - 1 + static_cast<long>(i));
+            }
+            ResetErrors();
+            g_nRecordCount = m_csv.GetRecordCount();
+            EXPECT_EQ(m_definition.ValidateCsv(&m_csv), -1) << mistake.what;
+            EXPECT_EQ(takeErrors(), Entry(1, mistake.column, "HQZ9620E")) << mistake.what;
         }
         QZCDatConvertInfo::destroy();
     }
