@@ -16,6 +16,7 @@
 #include "QZCDatITData.h"
 #include "QZCDatValidItem.h"
 #include "QZCDatXMLDefReport.h"
+#include "QZCMacOSNative.h"
 #include "TestSupport.h"
 
 // The validation definitions that the bundle ships and the examples that go
@@ -276,6 +277,11 @@ TEST_F(ShippedDefinitionsTest, CleanExamplesCheckWithoutEntriesAndWriteEveryValu
         const std::string example = ExamplePath(form.name() + ".csv");
         ASSERT_TRUE(fs::exists(example)) << "no clean example for " << form.name();
         Prepare(form);
+        // Every field holds only characters the service accepts, as the
+        // outward checks of a file require before anything else.
+        QZCDatCsvFile light;
+        ResetErrors();
+        EXPECT_EQ(light.ParseSimply(QZCMacOSNative::readSJISFile(example.c_str()).c_str()), 0) << takeErrors();
         EXPECT_EQ(Check(example), "");
         EXPECT_EQ(m_readResult, 0);
         EXPECT_EQ(m_validateResult, 0);
@@ -412,6 +418,19 @@ TEST_F(ShippedDefinitionsTest, EveryFormRefusesTheTypicalMistakes)
             g_nRecordCount = m_csv.GetRecordCount();
             EXPECT_EQ(m_definition.ValidateCsv(&m_csv), -1) << mistake.what;
             EXPECT_EQ(takeErrors(), Entry(1, mistake.column, "HQZ9620E")) << mistake.what;
+        }
+
+        // The total row of a detail statement is checked before any other
+        // record, and its first fault stops the check.
+        ASSERT_EQ(Check(ExamplePath(form.name() + ".csv")), "");
+        const int64_t last = m_csv.GetRecordCount() - 1;
+        if (form.detail() && std::string(m_csv.GetRecordMeisaiGoukei(last)) == "1") {
+            m_csv.SetItem("1000000000000000", 0, columns.amount - 1);
+            m_csv.SetItem("北斗中央銀行", last, columns.name - 1);
+            ResetErrors();
+            g_nRecordCount = m_csv.GetRecordCount();
+            EXPECT_EQ(m_definition.ValidateCsv(&m_csv), -1);
+            EXPECT_EQ(takeErrors(), Entry(last + 1, columns.name, "HQZ9610E")) << "a total row that names something";
         }
         QZCDatConvertInfo::destroy();
     }
