@@ -304,6 +304,17 @@ def main():
             else:
                 with open(path, "wb") as f:
                     f.write(data)
+    if check:
+        # A generated definition whose source is gone.
+        produced = set()
+        for source in sorted(os.listdir(FORMS)):
+            if source.endswith(".form"):
+                produced.update(path for path, data in Form(os.path.join(FORMS, source)).outputs())
+        for folder in ("AccountTitle", "AppendedTable"):
+            for name in sorted(os.listdir(os.path.join(BUNDLE, folder))):
+                path = os.path.join(BUNDLE, folder, name)
+                if path not in produced and "Generated from definitions/forms/" in open(path, encoding="utf-8").read():
+                    differ.append(os.path.relpath(path, ROOT) + " (no source)")
     if differ:
         print("generated files differ from definitions/forms (run definitions/generate.py):")
         for path in differ:

@@ -294,6 +294,7 @@ TEST_F(ShippedDefinitionsTest, CleanExamplesCheckWithoutEntriesAndWriteEveryValu
         const QZCDatITData* data = QZCDatConvertInfo::instance()->GetITData();
         QZCDOMParser fragmentDom;
         ASSERT_TRUE(fragmentDom.Initialize());
+        std::string detailElement;
         for (int64_t row = 0; row < m_csv.GetRecordCount(); ++row) {
             QZCDatXMLDefReport* root = QZCDatDefinition::GetRootNode(print.GetPrintRootNodes(), m_csv.GetItem(row, 0));
             ASSERT_NE(root, nullptr) << "record " << row + 1;
@@ -303,6 +304,16 @@ TEST_F(ShippedDefinitionsTest, CleanExamplesCheckWithoutEntriesAndWriteEveryValu
             ASSERT_EQ(fragmentDom.MoveRoot(), 0);
             EXPECT_EQ(fragmentDom.MoveFirstChild(), 0) << "record " << row + 1 << " writes nothing";
             EXPECT_NE(fragmentDom.MoveNextSibling(), 0) << "record " << row + 1 << " writes two elements: " << fragment;
+            // A page writes its elements in name order: the rows' container
+            // must come before the total.
+            fragmentDom.MoveRoot();
+            fragmentDom.MoveFirstChild();
+            const std::string element = fragmentDom.GetNodeName();
+            if (m_csv.IsMeisai(row, 1) || !form.detail()) {
+                detailElement = element;
+            } else {
+                EXPECT_LT(detailElement, element) << "the total row would be written before the detail rows";
+            }
             const std::string kubun = m_csv.GetItem(row, 0);
             const int64_t columns = m_csv.GetFormatKubun().at(kubun.substr(0, kubun.find('('))).columnNum;
             for (int64_t column = form.detail() ? 2 : 1; column < columns; ++column) {
