@@ -1,11 +1,14 @@
 #include "QZCDatDefinition.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include "QZCDOMParser.h"
 #include "QZCDatConvertInfo.h"
 #include "QZCDatITData.h"
 #include "QZCLog.h"
+#include "QZCPublicFunction.h"
 
 QZCDatDefinition::QZCDatDefinition() = default;
 
@@ -152,4 +155,157 @@ bool QZCDatDefinition::MoveToReport(const std::string& key, const std::string& s
         }
     } while (m_pDefinition->MoveNextSibling() == 0);
     return false;
+}
+
+namespace {
+
+// Formats one piece of a page's start tag the way a fixed buffer does:
+// longer pieces are cut at 1023 bytes.
+template <typename... Args>
+std::string tagPiece(const char* format, Args... args)
+{
+    char buffer[1024];
+    std::snprintf(buffer, sizeof buffer, format, args...);
+    return buffer;
+}
+
+bool isDetailRow(const QZCDatCsvFile* csv, int64_t record)
+{
+    return std::strcmp(csv->GetItem(record, 1), "0") == 0;
+}
+
+}  // namespace
+
+std::string QZCDatDefinition::MakeReportToCsv(const QZCDatCsvFile* csv, const QZCDatITData* itData)
+{
+    const char* label = "QZCDatDefinition::MakeReportToCsv";
+    if (!csv || !itData || m_vecPrintRootNode.empty()) {
+        QZC_LOG(label, "引数エラー。XML作成に必要な情報が準備されていません。");
+        throw -1;
+    }
+    try {
+        const std::string day = QZCPublicFunction::Now("yyyy'-'MM'-'dd", nullptr);
+        const std::string version = QZCPublicFunction::SpecialEncoding(itData->GetITData(ARG_VR));
+        const std::string creator = QZCPublicFunction::SpecialEncoding(itData->GetITData(ARG_SAKUSEINM));
+        const std::string software = QZCPublicFunction::SpecialEncoding(itData->GetITData(ARG_SOFTNM));
+        const std::string csvName = QZCPublicFunction::SpecialEncoding(itData->GetCsvFileName());
+
+        std::map<std::string, int64_t> pageCounter;
+        std::map<std::string, int64_t> rowCounter;
+        std::map<int64_t, std::map<std::string, _ReportTable>> pages;
+        for (const auto& root : m_vecPrintRootNode)
+            pageCounter[root->GetId()] = 1;
+
+        const int64_t count = csv->GetRecordCount();
+        for (int64_t i = 0; i < count; ++i) {
+            const std::string kubun = csv->GetItem(i, 0);
+            QZCDatXMLDefReport* root = GetRootNode(m_vecPrintRootNode, kubun.c_str());
+            if (!root) {
+                QZC_LOG(label, "想定外エラーが発生しました。");
+                throw -1;
+            }
+            std::string fragment = root->WriteNode(csv, i, itData);
+            int64_t page;
+            const size_t open = kubun.find('(');
+            if (open != std::string::npos) {
+                // The page written in the format kubun, as in HOI010(3).
+                page = std::atol(kubun.substr(open + 1, kubun.find(')') - open - 1).c_str());
+            } else {
+                // Pages follow the rows: a total row closes its page, and a full
+                // page moves on only when another detail row follows.
+                const int64_t rows = ++rowCounter[kubun];
+                page = pageCounter[kubun];
+                const bool total = !isDetailRow(csv, i);
+                const bool fullBeforeDetail = !total && i + 1 < count && isDetailRow(csv, i + 1)
+                                              && rows == csv->GetMaxOccurs(kubun);
+                if (total || fullBeforeDetail) {
+                    ++pageCounter[kubun];
+                    rowCounter[kubun] = 0;
+                }
+            }
+
+            std::string name;
+            _ReportTable table;
+            GetLevel4Tag(root, fragment, name, table);
+            TagCorrection1(fragment, table);
+            std::map<std::string, _ReportTable>& tables = pages[page];
+            auto stored = tables.find(name);
+            if (stored != tables.end())
+                TagAppend(stored->second.children, table.children);
+            else
+                tables.emplace(name, std::move(table));
+        }
+
+        std::string text;
+        const bool withFileName = !itData->IsD15HO001On();
+        for (const auto& [page, tables] : pages) {
+            text += tagPiece("<%s VR=\"%s\" id=\"%s-%ld\" page=\"%ld\" sakuseiDay=\"%s\" sakuseiNM=\"%s\" softNM=\"%s",
+                             m_strReportId.c_str(), version.c_str(), m_strReportId.c_str(), static_cast<long>(page),
+                             static_cast<long>(page), day.c_str(), creator.c_str(), software.c_str());
+            if (withFileName)
+                text += tagPiece("\" csvFileNM=\"%s", csvName.c_str());
+            text += "\">";
+            for (const auto& [name, table] : tables) {
+                if (!name.empty())
+                    TagCorrection2(text, table);
+            }
+            text += "</" + m_strReportId + ">";
+        }
+        return text;
+    } catch (...) {
+        QZC_LOG(label, "想定外エラーが発生しました。");
+        throw -1;
+    }
+}
+
+void QZCDatDefinition::GetLevel4Tag(const QZCDatXMLDefReport* report, std::string fragment, std::string& name,
+                                    _ReportTable& table) const
+{
+    const size_t open = fragment.find('<');
+    const size_t close = fragment.find('>');
+    if (open == std::string::npos || close == std::string::npos)
+        return;
+    name = fragment.substr(open + 1, close - open - 1);
+    table.startTag = "<" + name + ">";
+    table.endTag = "</" + name + ">";
+    table.sibling = report->GetSibling();
+}
+
+void QZCDatDefinition::TagCorrection1(std::string& fragment, _ReportTable& table) const
+{
+    if (table.sibling == "1") {
+        // One container for the whole page: the record's own pair of tags goes.
+        for (const std::string* tag : {&table.startTag, &table.endTag}) {
+            const size_t at = tag->empty() ? std::string::npos : fragment.find(*tag);
+            if (at != std::string::npos)
+                fragment.erase(at, tag->size());
+        }
+    }
+    const size_t open = fragment.find('<');
+    const size_t close = fragment.find('>');
+    if (open != std::string::npos && close != std::string::npos)
+        table.children.emplace(fragment.substr(open + 1, close - open - 1), fragment);
+}
+
+void QZCDatDefinition::TagAppend(std::map<std::string, std::string>& stored,
+                                 const std::map<std::string, std::string>& added) const
+{
+    if (added.empty())
+        return;
+    const auto& [key, value] = *added.begin();
+    auto found = stored.find(key);
+    if (found != stored.end())
+        found->second += value;
+    else
+        stored.emplace(key, value);
+}
+
+void QZCDatDefinition::TagCorrection2(std::string& output, const _ReportTable& table) const
+{
+    if (table.sibling == "1")
+        output += table.startTag;
+    for (const auto& [key, value] : table.children)
+        output += value;
+    if (table.sibling == "1")
+        output += table.endTag;
 }

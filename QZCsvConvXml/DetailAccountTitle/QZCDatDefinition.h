@@ -9,6 +9,17 @@
 #include "QZCDatXMLDefReport.h"
 
 class QZCDOMParser;
+class QZCDatITData;
+
+// What one element name collects on one page of the report: its tags, whether
+// it is one container for all records of the page, and the fragments of the
+// records by the name of their first element, in record order.
+struct _ReportTable {
+    std::string startTag;
+    std::string endTag;
+    std::string sibling;
+    std::map<std::string, std::string> children;
+};
 
 using QZCDatRootNodes = std::vector<std::unique_ptr<QZCDatXMLDefReport>>;
 
@@ -38,7 +49,17 @@ public:
     // with all its failures recorded. 0, or -1 when any check failed.
     int ValidateCsv(QZCDatCsvFile* csv);
 
+    // The report XML of a checked file: one page element per page, in page
+    // order, from the print trees. Throws -1 on failure.
+    std::string MakeReportToCsv(const QZCDatCsvFile* csv, const QZCDatITData* itData);
+
 private:
+    void GetLevel4Tag(const QZCDatXMLDefReport* report, std::string fragment, std::string& name,
+                      _ReportTable& table) const;
+    void TagCorrection1(std::string& fragment, _ReportTable& table) const;
+    void TagAppend(std::map<std::string, std::string>& stored, const std::map<std::string, std::string>& added) const;
+    void TagCorrection2(std::string& output, const _ReportTable& table) const;
+
     int CreateDefinition(const std::map<std::string, ReportAttr_t>& formatKubun, QZCDOMParser* definition,
                          bool print, const char* label);
     // Puts the cursor on the "report" element of the key and the style version.
