@@ -47,7 +47,7 @@ bool QZCAccountBook2::SetDataWithProperty(const QZCKamokuCodeListCSV& codeList)
         if (!SetElementName()) {
             return false;
         }
-        const auto pattern = std::make_shared<const QZCRegex>(QZCAccountItem2::kOriginalCodePattern);
+        const auto& pattern = QZCAccountItem2::originalCodePattern();
         bool ok = true;
         for (QZCAccountItem2& item : m_vAccountItems2) {
             item.setRegex(pattern);

@@ -16,6 +16,12 @@ void QZCAccountItem2::InitializeMember()
     *this = QZCAccountItem2();
 }
 
+const std::shared_ptr<const QZCRegex>& QZCAccountItem2::originalCodePattern()
+{
+    static const std::shared_ptr<const QZCRegex> pattern = std::make_shared<const QZCRegex>(kOriginalCodePattern);
+    return pattern;
+}
+
 void QZCAccountItem2::SetChild(QZCAccountItem2 item, bool& added)
 {
     m_vChildren2.push_back(std::move(item));

@@ -14,6 +14,9 @@ class QZCAccountItem2 : public QZCAccountItem {
 public:
     // Account code of a filer's own account: a standard code, "-", suffix.
     static constexpr const char* kOriginalCodePattern = "^([^\\-]+)?-[0-9a-zA-Z\\-]+$";
+    // The pattern compiled once for the process: compiling costs far more
+    // than matching a code.
+    static const std::shared_ptr<const QZCRegex>& originalCodePattern();
 
     QZCAccountItem2() = default;
     ~QZCAccountItem2() override = default;

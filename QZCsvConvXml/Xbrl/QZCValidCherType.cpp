@@ -1,6 +1,7 @@
 #include "QZCValidCherType.h"
 
-#include <unicode/unistr.h>
+#include <unicode/utf16.h>
+#include <unicode/utf8.h>
 
 #include "QZCDOMParser.h"
 #include "QZCUtility.h"
@@ -19,10 +20,15 @@ bool QZCValidCherType::SetDefinition(QZCDOMParser& parser, const std::string& it
 
 bool QZCValidCherType::DoCheck(const std::string& value)
 {
-    const icu::UnicodeString text = icu::UnicodeString::fromUTF8(value);
+    // UTF-16 units decoded on the fly; both units of a surrogate pair lie
+    // above U+007F, so the lead unit stands for the pair.
+    const auto* bytes = reinterpret_cast<const uint8_t*>(value.data());
+    const auto length = static_cast<int32_t>(value.size());
     bool passed = true;
-    for (int32_t i = 0; i < text.length() && passed; ++i) {
-        const char16_t unit = text.charAt(i);
+    for (int32_t i = 0; i < length && passed;) {
+        UChar32 c;
+        U8_NEXT(bytes, i, length, c);
+        const char16_t unit = c < 0 ? u'\uFFFD' : c > 0xFFFF ? U16_LEAD(c) : static_cast<char16_t>(c);
         passed = (m_bAlphabet && QZCUtility::IsAlphabetChar(unit)) || (m_bNumber && QZCUtility::IsNumber(unit))
                  || (m_bUnderScore && QZCUtility::IsUnderScore(unit)) || (m_bHyphen && QZCUtility::IsHyphen(unit))
                  || (m_bZenkaku && QZCUtility::IsZenkakuChar(unit));

@@ -1,6 +1,7 @@
 #include "QZCValidateFile.h"
 
 #include <cstring>
+#include <memory>
 
 #include "QZCAccountFile.h"
 #include "QZCLog.h"
@@ -13,17 +14,19 @@ namespace {
 constexpr const char kForbiddenChars[] = "\t\n\v\r\"*/:<>?\\|";
 constexpr uint64_t kMaxNameLength = 125;
 
+// The file name pattern, compiled once for the process.
+const QZCRegex* fileNamePattern()
+{
+    static const std::unique_ptr<const QZCRegex> pattern(QZCRegex::builder(QZCValidateFile::kFileNamePattern));
+    return pattern.get();
+}
+
 }  // namespace
 
 QZCValidateFile::QZCValidateFile()
     : m_vXbrlTypes{"BS", "PL", "SC", "SS", "SE", "SR", "NT"},
-      m_pFileNamePattern(QZCRegex::builder(kFileNamePattern))
+      m_pFileNamePattern(fileNamePattern())
 {
-}
-
-QZCValidateFile::~QZCValidateFile()
-{
-    delete m_pFileNamePattern;
 }
 
 bool QZCValidateFile::rejectName(const char* code)

@@ -14,7 +14,7 @@ public:
     static constexpr const char* kFileNamePattern = "^HOT010_3\\.0(_(.+?)(_.+)?)?\\.[cC][sS][vV]$";
 
     QZCValidateFile();
-    virtual ~QZCValidateFile();
+    virtual ~QZCValidateFile() = default;
     QZCValidateFile(const QZCValidateFile&) = delete;
     QZCValidateFile& operator=(const QZCValidateFile&) = delete;
 
@@ -34,5 +34,5 @@ protected:
 
 private:
     std::vector<std::string> m_vXbrlTypes;
-    QZCRegex* m_pFileNamePattern;
+    const QZCRegex* m_pFileNamePattern;
 };

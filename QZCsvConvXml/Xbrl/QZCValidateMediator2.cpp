@@ -88,10 +88,22 @@ int QZCValidateMediator2::QZCTupleChecker::getCheckType(int layer, const std::st
 
 // ---- Construction and the first pass
 
+namespace {
+
+// An amount: an optional sign, digits, and decimals after a point. Compiled
+// once for the process.
+const QZCRegex& numberPattern()
+{
+    static const QZCRegex pattern("^[\\-+]?\\d+(\\.\\d+)?$");
+    return pattern;
+}
+
+}  // namespace
+
 QZCValidateMediator2::QZCValidateMediator2(const std::string& xbrlType)
     : m_strXbrlType(xbrlType),
-      m_numberPattern("^[\\-+]?\\d+(\\.\\d+)?$"),
-      m_codePattern(QZCAccountItem2::kOriginalCodePattern)
+      m_numberPattern(numberPattern()),
+      m_codePattern(*QZCAccountItem2::originalCodePattern())
 {
     for (const char* lineType : kLineTypes) {
         m_mapValidators[lineType];

@@ -68,8 +68,8 @@ private:
 
     std::string m_strXbrlType;
     bool m_bExistTitle = false;
-    QZCRegex m_numberPattern;
-    QZCRegex m_codePattern;
+    const QZCRegex& m_numberPattern;
+    const QZCRegex& m_codePattern;
     std::map<std::string, std::string> m_mapBookCodes;
     std::map<std::string, std::string> m_mapStandardNames;
     QZCTupleChecker m_tupleChecker;
