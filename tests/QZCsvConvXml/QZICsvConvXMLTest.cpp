@@ -173,19 +173,24 @@ TEST_F(XbrlCheckTest, UnreadableAcceptedFileStopsTheWholeCheck)
 
 TEST_F(XbrlCheckTest, HostileFilesGiveEntriesNotCrashes)
 {
-    std::string bs = exampleText("BS");
+    // Every item one layer below the one before, almost as deep as the folder allows.
+    std::string deepChain = "A,SC,,,\nB,株式会社みなと商事,,,\nC1,2024-04-01,,,\nC2,2025-03-31,,,\n製造原価報告書,,,,\n";
+    for (int layer = 2; layer < 4000; ++layer)
+        deepChain += "外注加工費,1,1," + std::to_string(layer) + ",OutsourcingCostMFG-" + std::to_string(layer) + "\n";
     const std::pair<const char*, std::string> files[] = {
         {"HOT010_3.0_BS.csv", std::string("\x81\x20\xFF\x00\x01binary", 11)},
         {"HOT010_3.0_PL.csv", "A,PL,,,\nB," + std::string(1 << 20, 'x') + ",,,\n"},
         {"HOT010_3.0_NT.csv", "A,NT" + std::string(100000, ',') + "\n"},
         {"HOT010_3.0_SS.csv", std::string("A,SS,,,\n\0\0\0\n", 12)},
+        {"HOT010_3.0_SC.csv", deepChain},
     };
     for (const auto& [name, bytes] : files)
         writeBytes(m_dir.file(name), bytes);
     QZICsvConvXbrlResultXML result = check(m_dir.path());
     EXPECT_EQ(result.Result, "S_OK");
-    ASSERT_EQ(result.XbrlCsvFileCount, 4);
-    for (int i = 0; i < 4; ++i) {
+    ASSERT_EQ(result.XbrlCsvFileCount, 5);
+    EXPECT_EQ(result.CheckResultArray[3], "0") << result.DetailErrorInfoArray[3];  // the deep chain is sound
+    for (int i : {0, 1, 2, 4}) {
         EXPECT_NE(result.CheckResultArray[i], "0") << result.CsvFileNameArray[i];
         EXPECT_FALSE(result.DetailErrorInfoArray[i].empty()) << result.CsvFileNameArray[i];
     }
