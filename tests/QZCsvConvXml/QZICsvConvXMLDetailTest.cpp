@@ -1,12 +1,12 @@
 // Detail statements, appended tables and writing through the library's
 // interface class.
+#include <filesystem>
 #include <string>
 
 #include <gtest/gtest.h>
 
 #include "../DetailAccountTitle/DetailTestBundle.h"
 #include "QZICsvConvXML.h"
-#include "QZCUtility.h"
 
 namespace {
 
