@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+#include <string>
+
 class QZCCsvConvResultXML;
 class QZCXbrlResult;
 
@@ -18,6 +21,17 @@ public:
     // could not be created.
     QZCXbrlResult* CsvCheckToXbrl2(const char* csvFolder, const char* styleVersion);
 
+    // Checks a detail-statement CSV file; the first form reports no conformity.
+    QZCCsvConvResultXML* CsvCheckToDetailAccountTitle(const char* csvPath, const char* styleVersion);
+    QZCCsvConvResultXML* CsvCheckToDetailAccountTitle2(const char* csvPath, const char* styleVersion);
+    QZCCsvConvResultXML* CsvCheckToAppendedTable(const char* csvPath, const char* styleVersion);
+    // Writes Shift_JIS data to a file, replacing it whole or leaving it as it was.
+    QZCCsvConvResultXML* CsvWrite(const char* outputPath, const char* data);
+
+    bool WriteFileData(const char* path, const char* data);
+    // 0 when the error text is empty or holds a blocking code, else 2.
+    int64_t GetCsvCorrectness(const std::string& errors);
+
     static bool CreateResult();
     static void ReleaseResult();
     static bool CreateXbrlResult();
@@ -25,4 +39,13 @@ public:
 
     static QZCCsvConvResultXML* m_pResult;
     static QZCXbrlResult* m_pXbrlResult;
+
+private:
+    // The second detail operation and the appended table, which also report
+    // the conformity.
+    QZCCsvConvResultXML* CheckWithConformity(const char* csvPath, const char* styleVersion, uint16_t typeCase,
+                                             const char* folder, const char* label);
+    // Creates and empties the result record and the error list; null when
+    // the record cannot be created.
+    QZCCsvConvResultXML* StartResult();
 };

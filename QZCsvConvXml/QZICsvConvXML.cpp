@@ -4,7 +4,9 @@
 
 #include <unicode/ustring.h>
 
+#include "QZCCsvConvResultXML.h"
 #include "QZCCsvConvXML.h"
+#include "QZCMacOSNative.h"
 #include "QZCXbrlResult.h"
 
 const char* const PROCESS_OK = "S_OK";
@@ -26,6 +28,28 @@ const char* utf8Argument(const char* text)
     int32_t length = 0;
     u_strFromUTF8(nullptr, 0, &length, text, -1, &status);
     return status == U_INVALID_CHAR_FOUND || status == U_ILLEGAL_CHAR_FOUND ? nullptr : text;
+}
+
+// Runs one operation of the detail and writing side on a fresh facade and
+// copies its record; the conformity only when the operation reports one.
+template <typename Operation>
+QZICsvConvResultXML runDetailOperation(Operation operation, bool withConformity)
+{
+    QZICsvConvResultXML result;
+    try {
+        result.initialize();
+        auto facade = std::make_unique<QZCCsvConvXML>();
+        const QZCCsvConvResultXML* record = operation(*facade);
+        if (!record)
+            return result;
+        result.Result = record->GetResult();
+        result.DetailErrorInfo = record->GetDetailErrorInfo();
+        if (withConformity)
+            result.Conformity = record->GetConformity();
+    } catch (...) {
+        // Whatever was copied so far is the answer.
+    }
+    return result;
 }
 
 std::string lastPathComponent(const std::string& path)
@@ -64,4 +88,44 @@ QZICsvConvXbrlResultXML QZICsvConvXML::CsvCheckToXbrl2(const char* csvFolder, co
         // Whatever was copied so far is the answer.
     }
     return result;
+}
+
+QZICsvConvResultXML QZICsvConvXML::CsvCheckToDetailAccountTitle(const char* csvPath, const char* styleVersion)
+{
+    return runDetailOperation(
+        [&](QZCCsvConvXML& facade) {
+            return facade.CsvCheckToDetailAccountTitle(utf8Argument(csvPath), utf8Argument(styleVersion));
+        },
+        false);
+}
+
+QZICsvConvResultXML QZICsvConvXML::CsvCheckToDetailAccountTitle2(const char* csvPath, const char* styleVersion)
+{
+    return runDetailOperation(
+        [&](QZCCsvConvXML& facade) {
+            return facade.CsvCheckToDetailAccountTitle2(utf8Argument(csvPath), utf8Argument(styleVersion));
+        },
+        true);
+}
+
+QZICsvConvResultXML QZICsvConvXML::CsvCheckToAppendedTable(const char* csvPath, const char* styleVersion)
+{
+    return runDetailOperation(
+        [&](QZCCsvConvXML& facade) {
+            return facade.CsvCheckToAppendedTable(utf8Argument(csvPath), utf8Argument(styleVersion));
+        },
+        true);
+}
+
+QZICsvConvResultXML QZICsvConvXML::CsvWrite(const char* outputPath, const char* utf8Data)
+{
+    return runDetailOperation(
+        [&](QZCCsvConvXML& facade) {
+            // The data goes on as Shift_JIS; without a Shift_JIS form it is missing.
+            std::optional<std::string> data;
+            if (utf8Data)
+                data = QZCMacOSNative::utf8ToSjis(utf8Data);
+            return facade.CsvWrite(utf8Argument(outputPath), data ? data->c_str() : nullptr);
+        },
+        false);
 }

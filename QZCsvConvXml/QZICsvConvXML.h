@@ -16,6 +16,16 @@ extern const unsigned char QZCsvConvXmlVersionString[];
 // operation lets an exception reach the caller.
 class QZICsvConvXML {
 public:
+    // Checks a detail-statement CSV file (Conformity stays 0).
+    QZICsvConvResultXML CsvCheckToDetailAccountTitle(const char* csvPath, const char* styleVersion);
+    // Checks a detail-statement CSV file and tells whether it can be converted.
+    QZICsvConvResultXML CsvCheckToDetailAccountTitle2(const char* csvPath, const char* styleVersion);
+    // Checks an appended-table CSV file and tells whether it can be converted.
+    QZICsvConvResultXML CsvCheckToAppendedTable(const char* csvPath, const char* styleVersion);
+    // Writes UTF-8 text as a Shift_JIS file; text without a Shift_JIS form
+    // is refused and nothing is written.
+    QZICsvConvResultXML CsvWrite(const char* outputPath, const char* utf8Data);
+
     // Checks a folder of financial statements CSV files.
     QZICsvConvXbrlResultXML CsvCheckToXbrl2(const char* csvFolder, const char* styleVersion);
 };

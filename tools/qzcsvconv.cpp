@@ -2,11 +2,17 @@
 //
 //   qzcsvconv [--bundle DIR] [--json] [--lang ja|en] COMMAND ARGS...
 //
+// Commands: xbrl FOLDER STYLE_VERSION, detail CSV STYLE_VERSION,
+// detail2 CSV STYLE_VERSION, appended CSV STYLE_VERSION, write OUT DATA_FILE.
+//
 // Exit status: 0 when the result is "S_OK", 1 when "E_FAIL", 2 for a usage
 // error. With --json, one JSON object on standard output whose keys are the
 // result object's property names.
 #include <cstdlib>
+#include <fstream>
 #include <iostream>
+#include <iterator>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,6 +40,14 @@ struct Text {
 };
 
 const Text kFinancialCheck{"財務諸表CSVのチェック", "Financial statements check"};
+const Text kDetailCheck{"勘定科目内訳明細書CSVのチェック", "Detail statement check"};
+const Text kAppendedCheck{"別表CSVのチェック", "Appended table check"};
+const Text kWrite{"CSVファイルの書き込み", "CSV write"};
+const Text kConvertible{"変換できます", "can be converted"};
+const Text kConvertibleWithWarnings{"変換できます（警告あり）", "can be converted with warnings"};
+const Text kNotConvertible{"変換できません", "cannot be converted"};
+const Text kWritten{"書き込みました", "written"};
+const Text kNotWritten{"書き込めませんでした", "not written"};
 const Text kFiles{"ファイル数", "files"};
 const Text kStatements{"財務諸表", "Statements"};
 const Text kCorporateName{"法人名", "Corporate name"};
@@ -138,6 +152,45 @@ int reportFinancial(const QZICsvConvXbrlResultXML& result, const Options& option
     return exitStatus(result.Result);
 }
 
+// What the verdict of a detail or writing operation rests on.
+enum class Verdict { Result, Conformity, Written };
+
+int reportDetail(const QZICsvConvResultXML& result, const Text& title, Verdict kind, const Options& options)
+{
+    if (options.json) {
+        nlohmann::json out = {
+            {"Result", result.Result},
+            {"DetailErrorInfo", result.DetailErrorInfo},
+            {"Conformity", result.Conformity},
+        };
+        std::cout << out.dump(2) << "\n";
+        return exitStatus(result.Result);
+    }
+    Language language = options.language();
+    bool ok = result.Result == PROCESS_OK;
+    const Text* verdict = ok ? &kConvertible : &kNotConvertible;
+    if (kind == Verdict::Written)
+        verdict = ok ? &kWritten : &kNotWritten;
+    else if (kind == Verdict::Conformity)
+        verdict = result.Conformity == 1 ? &kConvertible
+                  : result.Conformity == 2 ? &kConvertibleWithWarnings
+                                           : &kNotConvertible;
+    std::cout << title(language) << ": " << result.Result << "\n" << (*verdict)(language) << "\n";
+    printEntries(result.DetailErrorInfo, "", language);
+    return exitStatus(result.Result);
+}
+
+// The whole content of a file, or of standard input for "-", byte for byte.
+std::optional<std::string> readData(const std::string& path)
+{
+    if (path == "-")
+        return std::string(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>());
+    std::ifstream in(path, std::ios::binary);
+    if (!in)
+        return std::nullopt;
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -154,6 +207,18 @@ int main(int argc, char** argv)
     CLI::App* xbrl = app.add_subcommand("xbrl", "Check a folder of financial statements CSV files");
     xbrl->add_option("FOLDER", first, "Folder of the statements files")->required();
     xbrl->add_option("STYLE_VERSION", second, "Style version, such as 3.0")->required();
+    auto addCheck = [&](const char* name, const char* description) {
+        CLI::App* command = app.add_subcommand(name, description);
+        command->add_option("CSV", first, "CSV file")->required();
+        command->add_option("STYLE_VERSION", second, "Style version, such as 4.0")->required();
+        return command;
+    };
+    CLI::App* detail = addCheck("detail", "Check a detail statement CSV file (first form, no conformity)");
+    CLI::App* detail2 = addCheck("detail2", "Check a detail statement CSV file and report its conformity");
+    CLI::App* appended = addCheck("appended", "Check an appended table CSV file and report its conformity");
+    CLI::App* write = app.add_subcommand("write", "Write UTF-8 text as a Shift_JIS CSV file");
+    write->add_option("OUT", first, "CSV file to write")->required();
+    write->add_option("DATA_FILE", second, "File holding the UTF-8 text, - for standard input")->required();
 
     try {
         app.parse(argc, argv);
@@ -167,5 +232,22 @@ int main(int argc, char** argv)
         ::setenv(QZCLoadResource::kBundleVariable, options.bundle.c_str(), 1);
 
     QZICsvConvXML library;
+    if (*detail)
+        return reportDetail(library.CsvCheckToDetailAccountTitle(first.c_str(), second.c_str()), kDetailCheck,
+                            Verdict::Result, options);
+    if (*detail2)
+        return reportDetail(library.CsvCheckToDetailAccountTitle2(first.c_str(), second.c_str()), kDetailCheck,
+                            Verdict::Conformity, options);
+    if (*appended)
+        return reportDetail(library.CsvCheckToAppendedTable(first.c_str(), second.c_str()), kAppendedCheck,
+                            Verdict::Conformity, options);
+    if (*write) {
+        std::optional<std::string> data = readData(second);
+        if (!data) {
+            std::cerr << "qzcsvconv: cannot read " << second << "\n";
+            return 2;
+        }
+        return reportDetail(library.CsvWrite(first.c_str(), data->c_str()), kWrite, Verdict::Written, options);
+    }
     return reportFinancial(library.CsvCheckToXbrl2(first.c_str(), second.c_str()), options);
 }

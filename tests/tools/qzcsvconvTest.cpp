@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "../DetailAccountTitle/DetailTestBundle.h"
 #include "MessageCatalog.h"
 #include "QZCDOMParser.h"
 #include "QZCParamCheck.h"
@@ -49,6 +50,10 @@ TEST(Tool, UsageErrorsExitWithTwo)
     EXPECT_EQ(runTool("xbrl only-one").status, 2);
     EXPECT_EQ(runTool("xbrl --json a 3.0").status, 2);  // global options come first
     EXPECT_EQ(runTool("--lang fr xbrl a 3.0").status, 2);
+    EXPECT_EQ(runTool("detail2 only-one").status, 2);
+    EXPECT_EQ(runTool("appended a 6.0 extra").status, 2);
+    EXPECT_EQ(runTool("write out.csv").status, 2);
+    EXPECT_EQ(runTool("write out.csv /no/such/data/file").status, 2);
     EXPECT_EQ(runTool("--help").status, 0);
     ToolRun version = runTool("--version");
     EXPECT_EQ(version.status, 0);
@@ -98,6 +103,76 @@ TEST(Tool, FailedCheckExitsWithOne)
     ToolRun run = runTool(kBundle + " --json xbrl " + dir.path() + " 3.0");
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(nlohmann::json::parse(run.out)["Result"], "E_FAIL");
+}
+
+// The detail commands run against a bundle with small definitions, which
+// the tool finds through the environment.
+class DetailToolTest : public ::testing::Test {
+protected:
+    ToolRun Run(const std::string& options, const std::string& command, const std::string& name,
+                const std::string& text, const char* version)
+    {
+        return runTool(options + " " + command + " " + m_bundle.Csv(name, text) + " " + version);
+    }
+    DetailTestBundle m_bundle;
+};
+
+TEST_F(DetailToolTest, JsonHoldsTheResultObject)
+{
+    ToolRun run = Run("--json", "detail2", "HOI010_4.0.csv", "HOI010,0,みなと銀行,100,普通\n", "4.0");
+    EXPECT_EQ(run.status, 0);
+    nlohmann::json result = nlohmann::json::parse(run.out);
+    EXPECT_EQ(result, nlohmann::json({{"Result", "S_OK"}, {"DetailErrorInfo", ""}, {"Conformity", 1}}));
+    EXPECT_TRUE(result["Conformity"].is_number_integer());
+
+    run = Run("--json", "appended", "HOB016_6.0.csv", "HOB016,,1\n", "6.0");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(nlohmann::json::parse(run.out),
+              nlohmann::json({{"Result", "S_OK"}, {"DetailErrorInfo", "1-00002-HQZ9620E"}, {"Conformity", 2}}));
+
+    run = Run("--json", "detail", "HOI010_4.0.csv", "HOI010,0,a,1,b\n", "4.0");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(nlohmann::json::parse(run.out),
+              nlohmann::json({{"Result", "E_FAIL"}, {"DetailErrorInfo", "0000-00000-HQZ9350E"}, {"Conformity", 0}}));
+}
+
+TEST_F(DetailToolTest, ReportGivesTheVerdictAndEveryEntry)
+{
+    ToolRun run = Run("", "detail2", "HOI010_4.0.csv", "HOI010,0,みなと銀行,百,普通\n", "4.0");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out, "勘定科目内訳明細書CSVのチェック: S_OK\n変換できます（警告あり）\nエラー:\n"
+                       "  行 1, 列 4: HQZ9620E 読み込んだCSVファイルの設定値が正しくありません。\n");
+    run = Run("--lang en", "detail", "HOI010_2.0.csv", "HOI010(1),0,a,1,b\n", "2.0");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out, "Detail statement check: S_OK\ncan be converted\n");
+    run = Run("--lang en", "appended", "HOB016_7.0.csv", "HOB016,a,1\n", "6.0");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.out.find("Appended table check: E_FAIL\ncannot be converted\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("whole file: HQZ9350E The file name does not follow"), std::string::npos) << run.out;
+}
+
+TEST(Tool, WriteHandsTheDataOverUnchanged)
+{
+    TempDir dir;
+    writeBytes(dir.file("data.txt"), "HOI010,0,銀行\r\nHOI010,1,合計\n");
+    ToolRun run = runTool("write " + dir.file("out.csv") + " " + dir.file("data.txt"));
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out, "CSVファイルの書き込み: S_OK\n書き込みました\n");
+    EXPECT_EQ(readBytes(dir.file("out.csv")), "HOI010,0,\x8B\xE2\x8D\x73\r\nHOI010,1,\x8D\x87\x8C\x76\n");
+
+    run = runTool("--json write " + dir.file("piped.csv") + " - < " + dir.file("data.txt"));
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(readBytes(dir.file("piped.csv")), readBytes(dir.file("out.csv")));
+
+    run = runTool("--json write " + dir.file("missing/out.csv") + " " + dir.file("data.txt"));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(nlohmann::json::parse(run.out),
+              nlohmann::json({{"Result", "E_FAIL"}, {"DetailErrorInfo", "0000-00000-HQZ9240E"}, {"Conformity", 0}}));
+    writeBytes(dir.file("emoji.txt"), "\xF0\x9F\x98\x80");
+    run = runTool("--lang en write " + dir.file("out.csv") + " " + dir.file("emoji.txt"));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.out.find("not written"), std::string::npos);
+    EXPECT_NE(run.out.find("whole file: HQZ9560E"), std::string::npos) << run.out;
 }
 
 // Every code the library can put into an error entry has a message.

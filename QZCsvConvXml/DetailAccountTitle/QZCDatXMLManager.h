@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "QZCDatITData.h"
+
+// Drives one check of a detail-statement or appended-table CSV file: the
+// call's arguments, the file-name rule with the report id and style version
+// it implies, the outward checks of the file, loading the CSV file with its
+// validation definition and validating every record. Operations return 0 on
+// success and non-zero on failure; what went wrong is in the error list.
+// Destroying the manager ends the conversion's shared state.
+class QZCDatXMLManager {
+public:
+    explicit QZCDatXMLManager(uint16_t typeCase);
+    virtual ~QZCDatXMLManager();
+    QZCDatXMLManager(const QZCDatXMLManager&) = delete;
+    QZCDatXMLManager& operator=(const QZCDatXMLManager&) = delete;
+
+    // Hands the type case to the filer data; throws -1 when that fails.
+    void InitObject();
+    bool SetTypeCaseInside();
+    // Checks a path argument (CSV file, definition folder, output file).
+    int InitForPath(QZCDatArgValid_t kind, const char* value);
+    // Checks and records a filer-data argument; for ARG_VR the file-name rule,
+    // the report id and the style version.
+    int SetITData(QZCDatArgValid_t kind, const char* value);
+
+    // The file-name rule; a failure adds "HQZ9350E" (the internal form adds nothing).
+    int IsCorrectCsvFilename(const std::string& path);
+    int IsCorrectCsvFilenameInternal(const std::string& path);
+    static bool IsValidFilename(const std::string& base, const std::string& minor, const char* reportId,
+                                const char* version);
+    static bool IsValidFilename(const std::string& base, const std::string& minor, const std::string& candidate);
+
+    // Report id, separator and style version as the validation definition names them.
+    std::string GetIdVr(const std::string& separator);
+    // The form code from the file name, read once together with the CSV text.
+    const std::string& GetReportId();
+    bool CheckStyleVersion(const std::string& reportId, const std::string& version) const;
+    // Accepted only while the report id is unknown.
+    bool SetInputReportVersion(const char* version);
+
+    // File name, its characters and length, and the characters of the data.
+    int AppearanceCheck(const char* csvPath);
+    int LoadCsvWithDefinition();
+    const std::string& GetCsvData() const;
+    int ValidateCsv();
+    void Terminate(bool destroy);
+
+private:
+    bool IsTypeCaseDetail() const;
+    std::string DefinitionPath(const std::string& reportId, const std::string& version) const;
+
+    std::string m_strCsvPath;
+    std::string m_strDefinitionFolder;
+    std::string m_strReportId;
+    std::string m_strInputReportVersion;
+    std::string m_strCsvData;
+    uint16_t m_nTypeCase;
+};
