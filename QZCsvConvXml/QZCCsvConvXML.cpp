@@ -165,8 +165,27 @@ QZCCsvConvResultXML* QZCCsvConvXML::CsvCheckToAppendedTable(const char* csvPath,
                                "QZCCsvConvXML::CsvCheckToAppendedTable");
 }
 
+QZCCsvConvResultXML* QZCCsvConvXML::CsvReportToXml(const char* csvPath, const char* styleVersion,
+                                                   std::string& report)
+{
+    report.clear();
+    const bool detail = QZCMacOSNative::getLastPathComponent(csvPath, true).rfind("HOI", 0) == 0;
+    std::string pages;
+    QZCCsvConvResultXML* record =
+        detail ? CheckWithConformity(csvPath, styleVersion, TYPECASE_DETAIL2, "AccountTitle",
+                                     "QZCCsvConvXML::CsvCheckToDetailAccountTitle", &pages)
+               : CheckWithConformity(csvPath, styleVersion, TYPECASE_APPENDED, "AppendedTable",
+                                     "QZCCsvConvXML::CsvCheckToAppendedTable", &pages);
+    // The page elements, when the file could be read whole and converted,
+    // become one well-formed document.
+    if (record && record->GetConformity() != 0 && !pages.empty())
+        report = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<CONTENTS>" + pages + "</CONTENTS>\r\n";
+    return record;
+}
+
 QZCCsvConvResultXML* QZCCsvConvXML::CheckWithConformity(const char* csvPath, const char* styleVersion,
-                                                        uint16_t typeCase, const char* folder, const char* label)
+                                                        uint16_t typeCase, const char* folder, const char* label,
+                                                        std::string* report)
 {
     QZCCsvConvResultXML* record = StartResult();
     if (!record)
@@ -192,8 +211,14 @@ QZCCsvConvResultXML* QZCCsvConvXML::CheckWithConformity(const char* csvPath, con
                     int appearance = manager->AppearanceCheck(csvPath);
                     if (version != 0 || appearance != 0)
                         conformity = appearance == 0 ? 2 : 0;
-                    else
-                        passed = manager->LoadCsvWithDefinition() == 0 && manager->ValidateCsv() == 0;
+                    else if (manager->LoadCsvWithDefinition() == 0) {
+                        passed = manager->ValidateCsv() == 0;
+                        // Value errors that do not block conversion still let
+                        // the report be written.
+                        const bool convertible = passed || GetCsvCorrectness(QZCUtility::GetError()) != 0;
+                        if (report && convertible && manager->MakeReport(*report) != 0)
+                            passed = false;
+                    }
                 }
             }
         } catch (...) {

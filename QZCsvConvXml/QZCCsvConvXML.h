@@ -25,6 +25,10 @@ public:
     QZCCsvConvResultXML* CsvCheckToDetailAccountTitle(const char* csvPath, const char* styleVersion);
     QZCCsvConvResultXML* CsvCheckToDetailAccountTitle2(const char* csvPath, const char* styleVersion);
     QZCCsvConvResultXML* CsvCheckToAppendedTable(const char* csvPath, const char* styleVersion);
+    // Checks a detail statement (a form id beginning with HOI) or an appended
+    // table and, when the conformity allows conversion, gives its report XML
+    // as a document; otherwise the report stays empty.
+    QZCCsvConvResultXML* CsvReportToXml(const char* csvPath, const char* styleVersion, std::string& report);
     // Writes Shift_JIS data to a file, replacing it whole or leaving it as it was.
     QZCCsvConvResultXML* CsvWrite(const char* outputPath, const char* data);
 
@@ -43,8 +47,9 @@ public:
 private:
     // The second detail operation and the appended table, which also report
     // the conformity.
+    // With a report given, it is filled when the file can be converted.
     QZCCsvConvResultXML* CheckWithConformity(const char* csvPath, const char* styleVersion, uint16_t typeCase,
-                                             const char* folder, const char* label);
+                                             const char* folder, const char* label, std::string* report = nullptr);
     // Creates and empties the result record and the error list; null when
     // the record cannot be created.
     QZCCsvConvResultXML* StartResult();

@@ -90,6 +90,16 @@ QZICsvConvXbrlResultXML QZICsvConvXML::CsvCheckToXbrl2(const char* csvFolder, co
     return result;
 }
 
+QZICsvConvResultXML QZICsvConvXML::CsvReportToXml(const char* csvPath, const char* styleVersion, std::string& report)
+{
+    report.clear();
+    return runDetailOperation(
+        [&](QZCCsvConvXML& facade) {
+            return facade.CsvReportToXml(utf8Argument(csvPath), utf8Argument(styleVersion), report);
+        },
+        true);
+}
+
 QZICsvConvResultXML QZICsvConvXML::CsvCheckToDetailAccountTitle(const char* csvPath, const char* styleVersion)
 {
     return runDetailOperation(

@@ -24,6 +24,10 @@ public:
     QZICsvConvResultXML CsvCheckToAppendedTable(const char* csvPath, const char* styleVersion);
     // Writes UTF-8 text as a Shift_JIS file; text without a Shift_JIS form
     // is refused and nothing is written.
+    // Checks a detail statement or appended table like the second detail
+    // operation and, when it can be converted, fills report with its report
+    // XML document (UTF-8); otherwise report is empty.
+    QZICsvConvResultXML CsvReportToXml(const char* csvPath, const char* styleVersion, std::string& report);
     QZICsvConvResultXML CsvWrite(const char* outputPath, const char* utf8Data);
 
     // Checks a folder of financial statements CSV files.

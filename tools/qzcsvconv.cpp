@@ -3,7 +3,8 @@
 //   qzcsvconv [--bundle DIR] [--json] [--lang ja|en] COMMAND ARGS...
 //
 // Commands: xbrl FOLDER STYLE_VERSION, detail CSV STYLE_VERSION,
-// detail2 CSV STYLE_VERSION, appended CSV STYLE_VERSION, write OUT DATA_FILE.
+// detail2 CSV STYLE_VERSION, appended CSV STYLE_VERSION, write OUT DATA_FILE,
+// report CSV STYLE_VERSION [-o FILE].
 //
 // Exit status: 0 when the result is "S_OK", 1 when "E_FAIL", 2 for a usage
 // error. With --json, one JSON object on standard output whose keys are the
@@ -15,6 +16,9 @@
 #include <optional>
 #include <string>
 #include <vector>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -42,6 +46,7 @@ struct Text {
 const Text kFinancialCheck{"財務諸表CSVのチェック", "Financial statements check"};
 const Text kDetailCheck{"勘定科目内訳明細書CSVのチェック", "Detail statement check"};
 const Text kAppendedCheck{"別表CSVのチェック", "Appended table check"};
+const Text kReport{"帳票XMLの作成", "Report XML"};
 const Text kWrite{"CSVファイルの書き込み", "CSV write"};
 const Text kConvertible{"変換できます", "can be converted"};
 const Text kConvertibleWithWarnings{"変換できます（警告あり）", "can be converted with warnings"};
@@ -98,13 +103,13 @@ std::string describeEntry(const std::string& entry, Language language)
     return where + ": " + code + " " + messageFor(code, language);
 }
 
-void printEntries(const std::string& joined, const char* indent, Language language)
+void printEntries(std::ostream& out, const std::string& joined, const char* indent, Language language)
 {
     if (joined.empty())
         return;
-    std::cout << indent << kErrors(language) << ":\n";
+    out << indent << kErrors(language) << ":\n";
     for (const std::string& entry : splitEntries(joined))
-        std::cout << indent << "  " << describeEntry(entry, language) << "\n";
+        out << indent << "  " << describeEntry(entry, language) << "\n";
 }
 
 int exitStatus(const std::string& result)
@@ -135,7 +140,7 @@ int reportFinancial(const QZICsvConvXbrlResultXML& result, const Options& option
     Language language = options.language();
     std::cout << kFinancialCheck(language) << ": " << result.Result << " (" << kFiles(language) << " "
               << result.XbrlCsvFileCount << ")\n";
-    printEntries(result.DetailErrorInfo, "", language);
+    printEntries(std::cout, result.DetailErrorInfo, "", language);
     for (size_t i = 0; i < result.CsvFileNameArray.size(); ++i) {
         int code = std::atoi(result.CheckResultArray[i].c_str());
         std::cout << "\n" << result.CsvFileNameArray[i] << ": "
@@ -147,7 +152,7 @@ int reportFinancial(const QZICsvConvXbrlResultXML& result, const Options& option
         if (!result.FiscalYearFromArray[i].empty() || !result.FiscalYearToArray[i].empty())
             std::cout << "  " << kFiscalYear(language) << ": " << result.FiscalYearFromArray[i] << " - "
                       << result.FiscalYearToArray[i] << "\n";
-        printEntries(result.DetailErrorInfoArray[i], "  ", language);
+        printEntries(std::cout, result.DetailErrorInfoArray[i], "  ", language);
     }
     return exitStatus(result.Result);
 }
@@ -176,8 +181,58 @@ int reportDetail(const QZICsvConvResultXML& result, const Text& title, Verdict k
                   : result.Conformity == 2 ? &kConvertibleWithWarnings
                                            : &kNotConvertible;
     std::cout << title(language) << ": " << result.Result << "\n" << (*verdict)(language) << "\n";
-    printEntries(result.DetailErrorInfo, "", language);
+    printEntries(std::cout, result.DetailErrorInfo, "", language);
     return exitStatus(result.Result);
+}
+
+// Writes the text to a temporary file beside the target and renames it over
+// the target, so the target is either complete or as it was.
+bool writeAtomically(const std::string& path, const std::string& text)
+{
+    std::string temporary = path + ".XXXXXX";
+    int fd = ::mkstemp(temporary.data());
+    if (fd < 0)
+        return false;
+    bool ok = ::write(fd, text.data(), text.size()) == static_cast<ssize_t>(text.size()) && ::fchmod(fd, 0644) == 0
+              && ::fsync(fd) == 0;
+    ok = ::close(fd) == 0 && ok && ::rename(temporary.c_str(), path.c_str()) == 0;
+    if (!ok)
+        ::unlink(temporary.c_str());
+    return ok;
+}
+
+// The report XML of a convertible file, on standard output or into a file;
+// the verdict and the entries go to standard error when the XML takes
+// standard output.
+int reportXml(const QZICsvConvResultXML& result, const std::string& xml, const std::string& output,
+              const Options& options)
+{
+    if (options.json) {
+        nlohmann::json out = {
+            {"Result", result.Result},
+            {"DetailErrorInfo", result.DetailErrorInfo},
+            {"Conformity", result.Conformity},
+            {"Report", xml},
+        };
+        std::cout << out.dump(2) << "\n";
+    } else {
+        std::ostream& log = xml.empty() || !output.empty() ? std::cout : std::cerr;
+        Language language = options.language();
+        const Text& verdict = result.Conformity == 1   ? kConvertible
+                              : result.Conformity == 2 ? kConvertibleWithWarnings
+                                                       : kNotConvertible;
+        log << kReport(language) << ": " << result.Result << "\n" << verdict(language) << "\n";
+        printEntries(log, result.DetailErrorInfo, "", language);
+        if (!xml.empty() && output.empty())
+            std::cout << xml;
+    }
+    if (xml.empty())
+        return 1;
+    if (!output.empty() && !writeAtomically(output, xml)) {
+        std::cerr << "qzcsvconv: cannot write " << output << "\n";
+        return 1;
+    }
+    return 0;
 }
 
 // The whole content of a file, or of standard input for "-", byte for byte.
@@ -219,6 +274,9 @@ int main(int argc, char** argv)
     CLI::App* write = app.add_subcommand("write", "Write UTF-8 text as a Shift_JIS CSV file");
     write->add_option("OUT", first, "CSV file to write")->required();
     write->add_option("DATA_FILE", second, "File holding the UTF-8 text, - for standard input")->required();
+    std::string output;
+    CLI::App* report = addCheck("report", "Check a detail statement or appended table and print its report XML");
+    report->add_option("-o,--output", output, "Write the report XML to this file instead of standard output");
 
     try {
         app.parse(argc, argv);
@@ -241,6 +299,11 @@ int main(int argc, char** argv)
     if (*appended)
         return reportDetail(library.CsvCheckToAppendedTable(first.c_str(), second.c_str()), kAppendedCheck,
                             Verdict::Conformity, options);
+    if (*report) {
+        std::string xml;
+        QZICsvConvResultXML result = library.CsvReportToXml(first.c_str(), second.c_str(), xml);
+        return reportXml(result, xml, output, options);
+    }
     if (*write) {
         std::optional<std::string> data = readData(second);
         if (!data) {

@@ -486,6 +486,29 @@ int QZCDatXMLManager::LoadCsvWithDefinition()
     }
 }
 
+int QZCDatXMLManager::MakeReport(std::string& xml)
+{
+    const char* label = "QZCDatXMLManager::MakeReport";
+    try {
+        QZCDatConvertInfo* info = QZCDatConvertInfo::instance();
+        QZCDOMParser parser;
+        if (!parser.Initialize() || !parser.Parse(DefinitionPath(GetReportId(), ITData()->GetITData(ARG_VR)).c_str())) {
+            QZC_LOG(label, "検証定義体の読み込みでエラーが発生しました。");
+            throw -1;
+        }
+        QZCDatCsvFile* csv = info->GetCsvFile();
+        QZCDatDefinition* definition = info->GetDefinition();
+        if (definition->CreatePrintDefinition(csv->GetFormatKubun(), &parser) != 0) {
+            throw -1;
+        }
+        xml = definition->MakeReportToCsv(csv, info->GetITData());
+        return 0;
+    } catch (...) {
+        Unexpected(label);
+        return -1;
+    }
+}
+
 const std::string& QZCDatXMLManager::GetCsvData() const
 {
     return m_strCsvData;

@@ -47,6 +47,9 @@ public:
     int LoadCsvWithDefinition();
     const std::string& GetCsvData() const;
     int ValidateCsv();
+    // The report XML of the loaded file, from the print trees of its
+    // definition (the page elements, without a document element).
+    int MakeReport(std::string& xml);
     void Terminate(bool destroy);
 
 private:

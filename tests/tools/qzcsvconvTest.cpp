@@ -175,6 +175,29 @@ TEST(Tool, WriteHandsTheDataOverUnchanged)
     EXPECT_NE(run.out.find("whole file: HQZ9560E"), std::string::npos) << run.out;
 }
 
+TEST(Tool, ReportPrintsOrWritesTheDocument)
+{
+    const std::string examples = std::string(QZC_SOURCE_DIR) + "/examples/detail/";
+    ToolRun printed = runTool(kBundle + " report " + examples + "HOI110_3.0.csv 3.0");
+    EXPECT_EQ(printed.status, 0);
+    EXPECT_EQ(printed.out.rfind("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<CONTENTS><HOI110 ", 0), 0u) << printed.out;
+
+    TempDir dir;
+    const std::string target = dir.file("report.xml");
+    ToolRun written = runTool(kBundle + " --lang en report -o " + target + " " + examples + "HOB016_6.0.csv 6.0");
+    EXPECT_EQ(written.status, 0);
+    EXPECT_NE(written.out.find("Report XML: S_OK"), std::string::npos) << written.out;
+    EXPECT_EQ(readBytes(target).rfind("<?xml", 0), 0u);
+
+    // A file that cannot be converted leaves the target as it was.
+    ToolRun refused = runTool(kBundle + " --json report -o " + target + " " + examples + "HOI010_4.0.csv 1.0");
+    EXPECT_EQ(refused.status, 1);
+    nlohmann::json result = nlohmann::json::parse(refused.out);
+    EXPECT_EQ(result["Report"], "");
+    EXPECT_EQ(result["Conformity"], 0);
+    EXPECT_EQ(readBytes(target).rfind("<?xml", 0), 0u);
+}
+
 // Every code the library can put into an error entry has a message.
 TEST(MessageCatalog, CoversEveryCode)
 {
