@@ -147,6 +147,9 @@ DOMDocument* parseInput(XercesDOMParser& parser, const InputSource& input, const
         return nullptr;
     }
     try {
+        // The parser keeps every document it built until its pool is reset;
+        // without this a parser used for many files grows without bound.
+        parser.resetDocumentPool();
         parser.reset();
         parser.setErrorHandler(handler.get());
         parser.parse(input);
@@ -204,11 +207,10 @@ bool QZCDOMParser::Parse(const char* text, const char* bufferId, const char* enc
 
 bool QZCDOMParser::adopt(DOMDocument* document)
 {
-    if (!document)
-        return false;
+    // The previous document is gone with the pool, even when this parse failed.
     m_pDocument = document;
-    m_pCurrentNode = document->getDocumentElement();
-    return true;
+    m_pCurrentNode = document ? document->getDocumentElement() : nullptr;
+    return document != nullptr;
 }
 
 int QZCDOMParser::MoveRoot()

@@ -1,4 +1,8 @@
 #include <cstdlib>
+#include <fstream>
+#include <string>
+
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -20,6 +24,16 @@ const char* const kDefinition =
     "  </report>\n"
     "  <report id=\"HOI020\"> </report>\n"
     "</definition>\n";
+
+// Resident memory of this process in bytes.
+size_t ResidentBytes()
+{
+    std::ifstream statm("/proc/self/statm");
+    size_t pages = 0;
+    size_t resident = 0;
+    statm >> pages >> resident;
+    return resident * static_cast<size_t>(sysconf(_SC_PAGESIZE));
+}
 
 class DOMParserTest : public ::testing::Test {
 protected:
@@ -103,6 +117,30 @@ TEST_F(DOMParserTest, MissingAndBinaryInputsFail)
     EXPECT_FALSE(m_parser.Parse("<a/>", nullptr, "UTF-8"));
     EXPECT_EQ(QZCUtility::GetError(), "0000-00000-HQZ9560E");
     // A failed parse leaves no cursor behind.
+    EXPECT_EQ(m_parser.MoveRoot(), -1);
+    EXPECT_EQ(m_parser.GetNodeName(), "");
+}
+
+// Found by fuzzing: every document a parser had built stayed in memory until
+// the parser was destroyed, so a parser used for many files ran out of memory.
+TEST_F(DOMParserTest, ReusedParserKeepsOnlyTheCurrentDocument)
+{
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "AddressSanitizer holds freed memory back, so resident memory tells nothing here";
+#endif
+    std::string xml = "<definition>";
+    for (int i = 0; i < 2000; ++i)
+        xml += "<item id=\"n" + std::to_string(i) + "\" column=\"1\"><valid id=\"exist\"/></item>";
+    xml += "</definition>";
+    for (int i = 0; i < 10; ++i)
+        ASSERT_TRUE(m_parser.Parse(xml.c_str(), "definition", "UTF-8"));
+    const size_t before = ResidentBytes();
+    for (int i = 0; i < 200; ++i)
+        ASSERT_TRUE(m_parser.Parse(xml.c_str(), "definition", "UTF-8"));
+    EXPECT_LT(ResidentBytes(), before + (32u << 20));
+
+    // A failed parse drops the previous document with its cursor.
+    EXPECT_FALSE(m_parser.Parse("<definition>", "definition", "UTF-8"));
     EXPECT_EQ(m_parser.MoveRoot(), -1);
     EXPECT_EQ(m_parser.GetNodeName(), "");
 }
