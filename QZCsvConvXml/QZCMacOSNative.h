@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // Platform services: files and folders, Shift_JIS text, dates, UTF-16
@@ -35,6 +36,8 @@ public:
 
     static std::string appendFilePath(const char* base, const char* component);
     static std::string stringByTrimming(const std::string& text);
+    // The part of the text that stringByTrimming keeps, without copying it.
+    static std::string_view viewByTrimming(std::string_view text);
     static std::string characterByTrimming(const char* text, bool utf8);
     static std::string getLastPathComponent(const char* path, bool withExtension);
     static std::string getPathExtension(const char* path);
