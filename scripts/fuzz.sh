@@ -19,9 +19,9 @@ cmake --build "$build" -j2
 # Target and the dictionary of its format.
 declare -A dictionary=(
   [detail_csv]=csv [detail_light]=csv [statements_csv]=csv [statements_folder]=csv
-  [definition]=xml [settings]=ini [sjis]=sjis)
+  [definition]=xml [settings]=ini [sjis]=sjis [csv_write]=sjis)
 targets=("$@")
-((${#targets[@]})) || targets=(detail_csv detail_light statements_csv statements_folder definition settings sjis)
+((${#targets[@]})) || targets=(detail_csv detail_light statements_csv statements_folder definition settings sjis csv_write)
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
