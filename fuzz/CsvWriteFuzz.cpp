@@ -4,6 +4,7 @@
 // existing file is unchanged, no new file appears and no temporary file is
 // left behind.
 #include "FuzzSupport.h"
+#include "QZCDOMParser.h"
 #include "QZCMacOSNative.h"
 #include "QZICsvConvXML.h"
 
@@ -41,6 +42,16 @@ void CheckWrite(const std::filesystem::path& target, const std::string& text, bo
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
+    // A parser kept for the whole run keeps the XML platform up, so each
+    // operation does not set it up and tear it down again (most of the time
+    // of a write otherwise).
+    static QZCDOMParser* platform = [] {
+        auto* parser = new QZCDOMParser;
+        if (!parser->Initialize())
+            std::abort();
+        return parser;
+    }();
+    (void)platform;
     // The interface takes a NUL-terminated text: what follows a NUL is not data.
     const std::string bytes = Bytes(data, size);
     const std::string text = bytes.substr(0, bytes.find('\0'));
