@@ -2,6 +2,7 @@
 // by the real operation from a private copy of the bundle: a broken
 // definition fails the operation with its log line, and nothing in a
 // definition reaches outside the bundle.
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
