@@ -104,10 +104,7 @@ bool QZCDOMParser::Initialize()
         // parser skip external DTDs altogether instead of loading them.
         m_pParser->setValidationScheme(XercesDOMParser::Val_Never);
         m_pParser->setLoadExternalDTD(false);
-        // No file read here uses namespaces, and resolving prefixes costs
-        // the parser a walk up every open element per element: a document
-        // nested 100,000 deep took tens of seconds. Names keep their prefix.
-        m_pParser->setDoNamespaces(false);
+        m_pParser->setDoNamespaces(true);
         m_pParser->setCreateEntityReferenceNodes(false);
         m_pParser->setXMLEntityResolver(&gNoExternalEntities);
         m_pParser->setSecurityManager(securityManager());
