@@ -98,8 +98,16 @@ bool QZCValidItem::defineWith(QZCDOMParser& parser, const std::string& itemId, c
         if (!SetCommonInfo(parser, itemId)) {
             return false;
         }
-        if (!reader || parser.MoveFirstChild() != 0) {
+        if (!reader) {
             return true;
+        }
+        // A kind with one parameter set cannot run without it.
+        if (parser.MoveFirstChild() != 0) {
+            return allContents || definitionFault(label);
+        }
+        if (!allContents && parser.GetNodeName() != "content") {
+            parser.MoveParent();
+            return definitionFault(label);
         }
         do {
             if (parser.GetNodeName() == "content") {
@@ -113,6 +121,13 @@ bool QZCValidItem::defineWith(QZCDOMParser& parser, const std::string& itemId, c
         QZC_LOG(label, kUnexpected);
         return false;
     }
+}
+
+bool QZCValidItem::definitionFault(const char* label)
+{
+    QZCUtility::AddOtherExceptionErrorInfo();
+    QZC_LOG(label, "定義体パラメータ指定エラー。");
+    return false;
 }
 
 void QZCValidItem::addEntry(const char* line) const

@@ -40,10 +40,13 @@ public:
 protected:
     using ContentReader = std::function<void(QZCDOMParser&)>;
 
-    // SetCommonInfo, then the reader on the first child if it is a
+    // SetCommonInfo, then the reader on the first child, which must be a
     // "content" element (or on every "content" child with allContents).
     bool defineWith(QZCDOMParser& parser, const std::string& itemId, const char* label, bool allContents,
                     const ContentReader& reader);
+    // An unusable parameter of the definition: the unexpected-error entry
+    // and the log line; always false.
+    static bool definitionFault(const char* label);
     // Result of a check: true when passed; otherwise adds the entry, logs
     // the text and answers the continue flag.
     bool judge(bool passed, const char* label, const char* text);

@@ -4,10 +4,15 @@
 
 bool QZCValidRange::SetDefinition(QZCDOMParser& parser, const std::string& itemId)
 {
-    return defineWith(parser, itemId, "QZCValidRange::SetDefinition", false, [this](QZCDOMParser& content) {
-        m_nMin = LeadingInt(content.GetAttribute("min"));
-        m_nMax = LeadingInt(content.GetAttribute("max"));
-    });
+    const char* label = "QZCValidRange::SetDefinition";
+    if (!defineWith(parser, itemId, label, false, [this](QZCDOMParser& content) {
+            m_nMin = LeadingInt(content.GetAttribute("min"));
+            m_nMax = LeadingInt(content.GetAttribute("max"));
+        })) {
+        return false;
+    }
+    // A range that no value can meet is a fault of the definition.
+    return m_nMin <= m_nMax || definitionFault(label);
 }
 
 bool QZCValidRange::DoCheck(const std::string& value)

@@ -133,11 +133,18 @@ TEST(ValidItems, StateAcrossLines)
     EXPECT_EQ(compare.run({"C2", "2024"}, 6), "ng:0000-00000-HQZ9560E");
 }
 
-TEST(ValidItems, UnknownKind)
+// A definition that cannot be used is refused as a whole, never run with
+// a rule that fails every line.
+TEST(ValidItems, UnknownKindAndUnusableParameters)
 {
-    Checks unknown("<valid id=\"exist\" column=\"1\" errorMsg=\"HQZ9620E\"/>");
-    EXPECT_FALSE(unknown.built());
-    EXPECT_EQ(takeErrors(), "0000-00000-HQZ9560E");
+    for (const char* valid : {"<valid id=\"exist\" column=\"1\" errorMsg=\"HQZ9620E\"/>",
+                              "<valid id=\"RANGE\" column=\"1\" errorMsg=\"HQZ9620E\"/>",
+                              "<valid id=\"ELEMENTSCOUNT\" column=\"1\" errorMsg=\"HQZ9300E\"><note count=\"5\"/></valid>",
+                              "<valid id=\"RANGE\" column=\"1\" errorMsg=\"HQZ9620E\"><content min=\"12\" max=\"1\"/></valid>"}) {
+        Checks refused(valid);
+        EXPECT_FALSE(refused.built()) << valid;
+        EXPECT_EQ(takeErrors(), "0000-00000-HQZ9560E") << valid;
+    }
 }
 
 }  // namespace

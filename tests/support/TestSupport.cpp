@@ -72,3 +72,22 @@ std::string takeErrors()
     QZCUtility::ClearErrorInfo();
     return joined;
 }
+
+std::string describe(const QZICsvConvResultXML& result)
+{
+    return result.Result + "|" + result.DetailErrorInfo + "|" + std::to_string(result.Conformity);
+}
+
+std::string describe(const QZICsvConvXbrlResultXML& result)
+{
+    std::string text = result.Result + "|" + result.DetailErrorInfo + "|" + std::to_string(result.XbrlCsvFileCount);
+    for (const auto* array : {&result.CsvFileNameArray, &result.CheckResultArray, &result.XbrlTypeArray,
+                              &result.StyleVersionArray, &result.CorporateNameArray, &result.FiscalYearFromArray,
+                              &result.FiscalYearToArray, &result.GenericCSVArray, &result.DetailErrorInfoArray}) {
+        text += "\n[";
+        for (const std::string& value : *array)
+            text += value + ";";
+        text += "]";
+    }
+    return text;
+}

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "QZICsvConvXML.h"
+
 // A temporary folder that is removed with everything in it at the end of
 // the test.
 class TempDir {
@@ -40,3 +42,8 @@ private:
 
 // The error list joined, as the host sees it; empties the list.
 std::string takeErrors();
+
+// Every field of a result object in one text, so that two answers compare
+// (and print) as a whole.
+std::string describe(const QZICsvConvResultXML& result);
+std::string describe(const QZICsvConvXbrlResultXML& result);
