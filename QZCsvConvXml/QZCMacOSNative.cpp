@@ -11,6 +11,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <pwd.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -289,6 +290,16 @@ bool QZCMacOSNative::pathFileIsRead(const char* path)
     return path && *path && ::access(path, R_OK) == 0;
 }
 
+void QZCMacOSNative::adviseHugePages(const void* data, size_t size)
+{
+    constexpr uintptr_t kHugePage = uintptr_t{2} << 20;
+    const auto start = reinterpret_cast<uintptr_t>(data);
+    const uintptr_t begin = (start + kHugePage - 1) & ~(kHugePage - 1);
+    const uintptr_t end = (start + size) & ~(kHugePage - 1);
+    if (end > begin)
+        ::madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+}
+
 std::optional<std::string> QZCMacOSNative::sjisToUtf8(const std::string& bytes)
 {
     SjisDecoder decoder;
@@ -328,6 +339,7 @@ std::string QZCMacOSNative::readSJISFile(const char* path)
     if (::fstat(::fileno(file), &status) == 0 && S_ISREG(status.st_mode) &&
         static_cast<size_t>(status.st_size) <= kMaxBytes)
         text.reserve(expectedUtf8Size(static_cast<size_t>(status.st_size)));
+    adviseHugePages(text.data(), text.capacity());
     // The file is decoded as it is read instead of being held whole first.
     char buffer[65536];
     size_t total = 0;

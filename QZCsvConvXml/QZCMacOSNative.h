@@ -43,6 +43,11 @@ public:
     static std::string getPathExtension(const char* path);
     static bool getFilesUnderFolder(const char* folder, std::vector<std::string>& files);
 
+    // Asks for huge pages for the whole 2 MiB blocks inside a large buffer:
+    // the first touch of every 4 KiB page costs a fault, and on a virtual
+    // machine a fault can cost microseconds, more than filling the page.
+    static void adviseHugePages(const void* data, size_t size);
+
     // Shift_JIS (Windows code page 932) conversion. Both fail with nullopt on
     // bytes or characters that have no form in the other encoding.
     static std::optional<std::string> sjisToUtf8(const std::string& bytes);

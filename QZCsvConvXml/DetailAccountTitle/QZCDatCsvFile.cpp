@@ -131,6 +131,9 @@ int QZCDatCsvFile::Parse(const char* text)
     m_strFieldTexts.reserve(m_strFieldTexts.size() + length + 1);
     m_vecFieldStarts.reserve(m_vecFieldStarts.size() + lineEnds + separators + 1);
     m_vecRecords.reserve(m_vecRecords.size() + lineEnds + 1);
+    QZCMacOSNative::adviseHugePages(m_strFieldTexts.data(), m_strFieldTexts.capacity());
+    QZCMacOSNative::adviseHugePages(m_vecFieldStarts.data(), m_vecFieldStarts.capacity() * sizeof(uint32_t));
+    QZCMacOSNative::adviseHugePages(m_vecRecords.data(), m_vecRecords.capacity() * sizeof(Record));
     m_nRecordFirst = static_cast<uint32_t>(m_vecFieldStarts.size());
     std::string field;
     bool fieldStart = true;

@@ -436,9 +436,9 @@ int QZCDatXMLManager::AppearanceCheck(const char* csvPath)
         }
         // Trimmed in place: a copy of a large file's text costs as much as reading it.
         const std::string_view kept = QZCMacOSNative::viewByTrimming(m_strCsvData);
-        if (kept.size() != m_strCsvData.size()) {
-            m_strCsvData = std::string(kept);
-        }
+        const size_t begin = static_cast<size_t>(kept.data() - m_strCsvData.data());
+        m_strCsvData.resize(begin + kept.size());
+        m_strCsvData.erase(0, begin);
         if (QZCDatCsvFile().ParseSimply(m_strCsvData.c_str()) != 0) {
             QZC_LOG(label, "CSVデータにFyla利用可能文字以外を含む");
             return -1;
