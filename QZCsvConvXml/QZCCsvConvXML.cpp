@@ -51,6 +51,11 @@ QZCCsvConvResultXML* Conclude(QZCCsvConvResultXML* record, bool passed)
 QZCCsvConvXML::QZCCsvConvXML()
 {
     QZCLog::InitDebugDump();
+    // One reference held for the life of the process: without it the last
+    // facade's Terminate frees the parser's static tables and every next
+    // operation builds them again.
+    static const bool platformKept = (XERCES_CPP_NAMESPACE::XMLPlatformUtils::Initialize(), true);
+    (void)platformKept;
     XERCES_CPP_NAMESPACE::XMLPlatformUtils::Initialize();
 }
 

@@ -5,11 +5,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <memory>
 
 #include <dirent.h>
 #include <fcntl.h>
 #include <pwd.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -38,19 +40,31 @@ struct ConverterCloser {
     void operator()(UConverter* converter) const { ucnv_close(converter); }
 };
 
-// Opened once; conversions stop at the first unmappable or invalid sequence
-// instead of substituting replacement characters.
+// Conversions stop at the first unmappable or invalid sequence instead of
+// substituting replacement characters.
+std::unique_ptr<UConverter, ConverterCloser> openConverter(const char* name)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    UConverter* opened = ucnv_open(name, &status);
+    if (U_FAILURE(status))
+        return std::unique_ptr<UConverter, ConverterCloser>();
+    ucnv_setToUCallBack(opened, UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
+    ucnv_setFromUCallBack(opened, UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
+    return std::unique_ptr<UConverter, ConverterCloser>(opened);
+}
+
+// Each converter is opened once and reset before every use.
 UConverter* shiftJis()
 {
-    static std::unique_ptr<UConverter, ConverterCloser> converter = [] {
-        UErrorCode status = U_ZERO_ERROR;
-        UConverter* opened = ucnv_open(kShiftJisConverter, &status);
-        if (U_FAILURE(status))
-            return std::unique_ptr<UConverter, ConverterCloser>();
-        ucnv_setToUCallBack(opened, UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
-        ucnv_setFromUCallBack(opened, UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
-        return std::unique_ptr<UConverter, ConverterCloser>(opened);
-    }();
+    static const std::unique_ptr<UConverter, ConverterCloser> converter = openConverter(kShiftJisConverter);
+    if (converter)
+        ucnv_reset(converter.get());
+    return converter.get();
+}
+
+UConverter* utf8()
+{
+    static const std::unique_ptr<UConverter, ConverterCloser> converter = openConverter("UTF-8");
     if (converter)
         ucnv_reset(converter.get());
     return converter.get();
@@ -61,20 +75,45 @@ bool statPath(const char* path, struct stat& info)
     return path && *path && ::stat(path, &info) == 0;
 }
 
-std::string readWholeFile(const char* path, bool& ok)
+// Shift_JIS to UTF-8 fed in pieces, written a chunk at a time straight into
+// the text: a large file costs one buffer of its UTF-8 size. A character
+// split between two pieces waits in the converter for the next one.
+class SjisDecoder {
+public:
+    bool ready() const { return m_source && m_target; }
+    // False on bytes that are not Shift_JIS.
+    bool append(const char* in, size_t size, bool last, std::string& text);
+
+private:
+    UConverter* m_source = shiftJis();
+    UConverter* m_target = utf8();
+    UChar m_pivot[1024];
+    UChar* m_pivotSource = m_pivot;
+    UChar* m_pivotTarget = m_pivot;
+    bool m_first = true;
+};
+
+bool SjisDecoder::append(const char* in, size_t size, bool last, std::string& text)
 {
-    ok = false;
-    std::string bytes;
-    FILE* file = path && *path ? std::fopen(path, "rb") : nullptr;
-    if (!file)
-        return bytes;
-    char buffer[65536];
-    size_t got;
-    while ((got = std::fread(buffer, 1, sizeof buffer, file)) > 0)
-        bytes.append(buffer, got);
-    ok = !std::ferror(file);
-    std::fclose(file);
-    return bytes;
+    const char* const end = in + size;
+    for (;;) {
+        char chunk[65536];
+        char* out = chunk;
+        UErrorCode status = U_ZERO_ERROR;
+        ucnv_convertEx(m_target, m_source, &out, chunk + sizeof chunk, &in, end, m_pivot, &m_pivotSource,
+                       &m_pivotTarget, m_pivot + std::size(m_pivot), m_first, last, &status);
+        m_first = false;
+        text.append(chunk, static_cast<size_t>(out - chunk));
+        if (status != U_BUFFER_OVERFLOW_ERROR)
+            return U_SUCCESS(status);
+    }
+}
+
+// Japanese text grows by half (two Shift_JIS bytes, three UTF-8 bytes),
+// ASCII not at all.
+size_t expectedUtf8Size(size_t sjisSize)
+{
+    return sjisSize + sjisSize / 2;
 }
 
 // Permissions of a newly created file: read and write for all, less the umask.
@@ -251,22 +290,24 @@ bool QZCMacOSNative::pathFileIsRead(const char* path)
     return path && *path && ::access(path, R_OK) == 0;
 }
 
+void QZCMacOSNative::adviseHugePages(const void* data, size_t size)
+{
+    constexpr uintptr_t kHugePage = uintptr_t{2} << 20;
+    const auto start = reinterpret_cast<uintptr_t>(data);
+    const uintptr_t begin = (start + kHugePage - 1) & ~(kHugePage - 1);
+    const uintptr_t end = (start + size) & ~(kHugePage - 1);
+    if (end > begin)
+        ::madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+}
+
 std::optional<std::string> QZCMacOSNative::sjisToUtf8(const std::string& bytes)
 {
-    UConverter* converter = shiftJis();
-    if (!converter)
+    SjisDecoder decoder;
+    std::string text;
+    text.reserve(expectedUtf8Size(bytes.size()));
+    if (!decoder.ready() || !decoder.append(bytes.data(), bytes.size(), true, text))
         return std::nullopt;
-    // One Shift_JIS byte becomes at most three UTF-8 bytes. The buffer is
-    // left uninitialised: zeroing three times the file's size, and faulting
-    // in pages the text never reaches, cost more than the conversion itself.
-    const size_t capacity = bytes.size() * 3 + 1;
-    std::unique_ptr<char[]> buffer(new char[capacity]);
-    UErrorCode status = U_ZERO_ERROR;
-    int32_t length = ucnv_toAlgorithmic(UCNV_UTF8, converter, buffer.get(), static_cast<int32_t>(capacity),
-                                        bytes.data(), static_cast<int32_t>(bytes.size()), &status);
-    if (U_FAILURE(status))
-        return std::nullopt;
-    return std::string(buffer.get(), static_cast<size_t>(length));
+    return text;
 }
 
 std::optional<std::string> QZCMacOSNative::utf8ToSjis(const std::string& text)
@@ -287,16 +328,33 @@ std::optional<std::string> QZCMacOSNative::utf8ToSjis(const std::string& text)
 
 std::string QZCMacOSNative::readSJISFile(const char* path)
 {
-    bool ok;
-    std::string bytes = readWholeFile(path, ok);
-    if (!ok || bytes.size() > INT32_MAX / 3)
+    // Texts stay within what a 32-bit length can count, also in UTF-8.
+    constexpr size_t kMaxBytes = INT32_MAX / 3;
+    FILE* file = path && *path ? std::fopen(path, "rb") : nullptr;
+    if (!file)
         return "";
-    std::optional<std::string> text = sjisToUtf8(bytes);
-    if (!text)
+    SjisDecoder decoder;
+    std::string text;
+    struct stat status;
+    if (::fstat(::fileno(file), &status) == 0 && S_ISREG(status.st_mode) &&
+        static_cast<size_t>(status.st_size) <= kMaxBytes)
+        text.reserve(expectedUtf8Size(static_cast<size_t>(status.st_size)));
+    adviseHugePages(text.data(), text.capacity());
+    // The file is decoded as it is read instead of being held whole first.
+    char buffer[65536];
+    size_t total = 0;
+    bool ok = decoder.ready();
+    for (size_t got; ok && (got = std::fread(buffer, 1, sizeof buffer, file)) > 0;) {
+        total += got;
+        ok = total <= kMaxBytes && decoder.append(buffer, got, false, text);
+    }
+    ok = ok && !std::ferror(file) && decoder.append(buffer, 0, true, text);
+    std::fclose(file);
+    if (!ok)
         return "";
-    if (size_t nul = text->find('\0'); nul != std::string::npos)
-        text->resize(nul);
-    return std::move(*text);
+    if (size_t nul = text.find('\0'); nul != std::string::npos)
+        text.resize(nul);
+    return text;
 }
 
 bool QZCMacOSNative::writeSJISFile(const char* path, const std::string& text, bool utf8)
@@ -498,6 +556,12 @@ std::string QZCMacOSNative::appendFilePath(const char* base, const char* compone
 
 std::string QZCMacOSNative::stringByTrimming(const std::string& text)
 {
+    const std::string_view kept = viewByTrimming(text);
+    return kept.size() == text.size() ? text : std::string(kept);
+}
+
+std::string_view QZCMacOSNative::viewByTrimming(std::string_view text)
+{
     const auto* bytes = reinterpret_cast<const uint8_t*>(text.data());
     int32_t length = static_cast<int32_t>(text.size());
     int32_t begin = 0;
@@ -518,8 +582,6 @@ std::string QZCMacOSNative::stringByTrimming(const std::string& text)
             break;
         end = previous;
     }
-    if (begin == 0 && end == length)
-        return text;
     return text.substr(static_cast<size_t>(begin), static_cast<size_t>(end - begin));
 }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // Platform services: files and folders, Shift_JIS text, dates, UTF-16
@@ -35,10 +36,17 @@ public:
 
     static std::string appendFilePath(const char* base, const char* component);
     static std::string stringByTrimming(const std::string& text);
+    // The part of the text that stringByTrimming keeps, without copying it.
+    static std::string_view viewByTrimming(std::string_view text);
     static std::string characterByTrimming(const char* text, bool utf8);
     static std::string getLastPathComponent(const char* path, bool withExtension);
     static std::string getPathExtension(const char* path);
     static bool getFilesUnderFolder(const char* folder, std::vector<std::string>& files);
+
+    // Asks for huge pages for the whole 2 MiB blocks inside a large buffer:
+    // the first touch of every 4 KiB page costs a fault, and on a virtual
+    // machine a fault can cost microseconds, more than filling the page.
+    static void adviseHugePages(const void* data, size_t size);
 
     // Shift_JIS (Windows code page 932) conversion. Both fail with nullopt on
     // bytes or characters that have no form in the other encoding.

@@ -115,8 +115,27 @@ int QZCDatCsvFile::Parse(const char* text)
         throw -1;
     }
     const size_t length = std::strlen(text);
+    // Field starts are 32-bit: texts come from files of at most 2 GB.
+    if (m_strFieldTexts.size() + length >= UINT32_MAX) {
+        QZC_LOG("QZCDatCsvFile::Parse", "想定外エラーが発生しました。");
+        throw -1;
+    }
+    // Room for every record and field up front: growing by doubling would
+    // touch twice the memory of a large file.
+    size_t lineEnds = 0;
+    size_t separators = 0;
+    for (const char* c = text; c != text + length; ++c) {
+        lineEnds += *c == '\n';
+        separators += *c == ',';
+    }
+    m_strFieldTexts.reserve(m_strFieldTexts.size() + length + 1);
+    m_vecFieldStarts.reserve(m_vecFieldStarts.size() + lineEnds + separators + 1);
+    m_vecRecords.reserve(m_vecRecords.size() + lineEnds + 1);
+    QZCMacOSNative::adviseHugePages(m_strFieldTexts.data(), m_strFieldTexts.capacity());
+    QZCMacOSNative::adviseHugePages(m_vecFieldStarts.data(), m_vecFieldStarts.capacity() * sizeof(uint32_t));
+    QZCMacOSNative::adviseHugePages(m_vecRecords.data(), m_vecRecords.capacity() * sizeof(Record));
+    m_nRecordFirst = static_cast<uint32_t>(m_vecFieldStarts.size());
     std::string field;
-    std::vector<std::string> record;
     bool fieldStart = true;
     bool quoted = false;
     for (size_t i = 0; i < length; ++i) {
@@ -142,24 +161,26 @@ int QZCDatCsvFile::Parse(const char* text)
         }
         fieldStart = false;
         if (c == ',') {
-            ColumnTerm(field, record, false);
+            ColumnTerm(field, false);
+            field.clear();
             fieldStart = true;
         } else if (IsLineEnd(c)) {
             if (c == '\r' && i + 1 < length && text[i + 1] == '\n') {
                 ++i;
             }
-            if (ColumnTerm(field, record, true) != 0) {
+            if (ColumnTerm(field, true) != 0) {
                 return -1;
             }
+            field.clear();
             fieldStart = true;
         } else {
             field += c;
         }
     }
-    if (record.empty() && field.empty()) {
+    if (m_vecFieldStarts.size() == m_nRecordFirst && field.empty()) {
         return 0;
     }
-    return ColumnTerm(field, record, true) != 0 ? -1 : 0;
+    return ColumnTerm(field, true) != 0 ? -1 : 0;
 }
 
 int64_t QZCDatCsvFile::GetRoughRecordCount(const std::string& text) const
@@ -207,26 +228,32 @@ int64_t QZCDatCsvFile::GetRecordCount() const
 
 bool QZCDatCsvFile::IsValidRecord(int64_t record) const
 {
-    return *GetItem(record, 0) != '\0' && m_vecRecords[static_cast<size_t>(record)].size() >= 2;
+    return *GetItem(record, 0) != '\0' && m_vecRecords[static_cast<size_t>(record)].count >= 2;
 }
 
 const char* QZCDatCsvFile::GetItem(int64_t record, int64_t field) const
 {
-    if (record < 0 || field < 0 || record >= static_cast<int64_t>(m_vecRecords.size())) {
+    if (record < 0 || field < 0 || record >= static_cast<int64_t>(m_vecRecords.size()) || field > UINT32_MAX) {
         return "";
     }
-    const std::vector<std::string>& fields = m_vecRecords[static_cast<size_t>(record)];
-    return field < static_cast<int64_t>(fields.size()) ? fields[static_cast<size_t>(field)].c_str() : "";
+    return Field(m_vecRecords[static_cast<size_t>(record)], static_cast<uint32_t>(field));
 }
 
 void QZCDatCsvFile::SetItem(const std::string& value, int64_t record, int64_t field)
 {
-    if (record < 0 || field < 0 || record >= static_cast<int64_t>(m_vecRecords.size())) {
+    if (record < 0 || field < 0 || record >= static_cast<int64_t>(m_vecRecords.size()) ||
+        field >= m_vecRecords[static_cast<size_t>(record)].count) {
         return;
     }
-    std::vector<std::string>& fields = m_vecRecords[static_cast<size_t>(record)];
-    if (field < static_cast<int64_t>(fields.size())) {
-        fields[static_cast<size_t>(field)] = value;
+    uint32_t& start = m_vecFieldStarts[m_vecRecords[static_cast<size_t>(record)].first + static_cast<uint32_t>(field)];
+    const char* text = value.c_str();
+    const size_t length = std::strlen(text);
+    // A text that fits takes the old one's place; a longer one goes to the end.
+    if (length <= std::strlen(m_strFieldTexts.data() + start)) {
+        std::memcpy(&m_strFieldTexts[start], text, length + 1);
+    } else if (m_strFieldTexts.size() + length < UINT32_MAX) {
+        start = static_cast<uint32_t>(m_strFieldTexts.size());
+        m_strFieldTexts.append(text, length).push_back('\0');
     }
 }
 
@@ -255,7 +282,7 @@ int64_t QZCDatCsvFile::GetMaxOccursPerTag(const std::string& formatKubun) const
 void QZCDatCsvFile::DeleteEmptyRecord()
 {
     m_vecRecords.erase(std::remove_if(m_vecRecords.begin(), m_vecRecords.end(),
-                                      [](const std::vector<std::string>& r) { return r.front().empty(); }),
+                                      [this](const Record& r) { return *Field(r, 0) == '\0'; }),
                        m_vecRecords.end());
 }
 
@@ -265,17 +292,21 @@ void QZCDatCsvFile::Clear()
     m_mapMaxOccurs.clear();
     m_mapFormatKubunInfo.clear();
     m_vecRecords.clear();
+    m_vecFieldStarts.clear();
+    m_strFieldTexts.clear();
+    m_nRecordFirst = 0;
     m_nColumnCount = 0;
     m_nMaxOccurs = 0;
 }
 
-int QZCDatCsvFile::ColumnTerm(std::string& field, std::vector<std::string>& record, bool endOfRecord)
+int QZCDatCsvFile::ColumnTerm(const std::string& field, bool endOfRecord)
 {
-    record.push_back(QZCPublicFunction::StringTrim(field));
-    field.clear();
+    m_vecFieldStarts.push_back(static_cast<uint32_t>(m_strFieldTexts.size()));
+    m_strFieldTexts.append(QZCMacOSNative::viewByTrimming(field)).push_back('\0');
     if (!endOfRecord) {
         return 0;
     }
+    const Record record{m_nRecordFirst, static_cast<uint32_t>(m_vecFieldStarts.size()) - m_nRecordFirst};
     if (!m_bSimpleMode) {
         if (!ValidateRecord(record)) {
             return -1;
@@ -283,17 +314,17 @@ int QZCDatCsvFile::ColumnTerm(std::string& field, std::vector<std::string>& reco
     } else if (m_nInvalidResult == 0) {
         ValidFylstring(record);
     }
-    m_vecRecords.push_back(std::move(record));
-    record.clear();
+    m_vecRecords.push_back(record);
+    m_nRecordFirst = static_cast<uint32_t>(m_vecFieldStarts.size());
     return 0;
 }
 
-bool QZCDatCsvFile::ValidateRecord(const std::vector<std::string>& record)
+bool QZCDatCsvFile::ValidateRecord(const Record& record)
 {
     const char* label = "QZCDatCsvFile::ValidateRecord";
     const int64_t line = CurrentLine();
-    const std::string& formatKubun = record[0];
-    if (formatKubun.empty() && record.size() == 1) {
+    const std::string formatKubun = Field(record, 0);
+    if (formatKubun.empty() && record.count == 1) {
         AddError(0, 0, "HQZ9300E");
         QZC_LOG(label, "CSVのカラム数が不正です");
         return false;
@@ -318,29 +349,29 @@ bool QZCDatCsvFile::ValidateRecord(const std::vector<std::string>& record)
         return false;
     }
     m_nColumnCount = info.columnNum;
-    m_vecColumnCountEx = info.columnNumEx;
     m_nMaxOccurs = info.maxOccurs;
     FormatKubunAdds(formatKubun, info.columnNum, info.maxOccurs, info.maxOccursPerTag);
-    const auto fields = static_cast<int64_t>(record.size());
-    const bool extraCountFits = std::any_of(m_vecColumnCountEx.begin(), m_vecColumnCountEx.end(),
+    const auto fields = static_cast<int64_t>(record.count);
+    const bool extraCountFits = std::any_of(info.columnNumEx.begin(), info.columnNumEx.end(),
                                             [&](int64_t count) { return count == fields && count >= m_nColumnCount; });
     if (fields != m_nColumnCount && !extraCountFits) {
         AddError(0, 0, "HQZ9300E");
         QZC_LOG(label, "CSVのカラム数が不正です");
         return false;
     }
-    if (ITData()->IsUtiwakeOn() && !GyouKubunCheck(formatKubun, record[1])) {
+    if (ITData()->IsUtiwakeOn() && !GyouKubunCheck(formatKubun, Field(record, 1))) {
         return false;
     }
-    m_mapMaxOccurs.emplace(formatKubun, m_nMaxOccurs);
+    m_mapMaxOccurs.try_emplace(formatKubun, m_nMaxOccurs);
     return true;
 }
 
-void QZCDatCsvFile::ValidFylstring(const std::vector<std::string>& record)
+void QZCDatCsvFile::ValidFylstring(const Record& record)
 {
-    for (size_t column = 1; column <= record.size(); ++column) {
+    for (uint32_t column = 1; column <= record.count; ++column) {
         QZCDatValidFylstring validator(static_cast<long>(column - 1), MSG_NONE);
-        const int result = validator.validate(record[column - 1]);
+        m_strScratch.assign(Field(record, column - 1));
+        const int result = validator.validate(m_strScratch);
         if (result != 0) {
             m_nInvalidLine = CurrentLine();
             m_nInvalidColumn = static_cast<int64_t>(column);
@@ -399,7 +430,7 @@ std::vector<int64_t> QZCDatCsvFile::GetVecColCount(const std::string& text) cons
 void QZCDatCsvFile::FormatKubunAdds(const std::string& formatKubun, int64_t columnNum, int64_t maxOccurs,
                                     int64_t maxOccursPerTag)
 {
-    m_mapFormatKubun.emplace(formatKubun.substr(0, formatKubun.find('(')),
+    m_mapFormatKubun.try_emplace(formatKubun.substr(0, formatKubun.find('(')),
                              ReportAttr_t{columnNum, maxOccurs, maxOccursPerTag});
 }
 
@@ -426,10 +457,10 @@ bool QZCDatCsvFile::IsCorrectRecordRelation(int64_t& line) const
 {
     std::map<std::string, int64_t> counts;
     int64_t number = 0;
-    for (const std::vector<std::string>& record : m_vecRecords) {
+    for (const Record& record : m_vecRecords) {
         ++number;
-        const std::string& formatKubun = record[0];
-        if (formatKubun.find('(') == std::string::npos) {
+        const char* formatKubun = Field(record, 0);
+        if (std::strchr(formatKubun, '(') == nullptr) {
             continue;
         }
         const int64_t count = ++counts[formatKubun];
@@ -479,6 +510,11 @@ const QZCDatCsvFile::FormatKubunInfo& QZCDatCsvFile::LookUpFormatKubun(const std
         }
     }
     return m_mapFormatKubunInfo.emplace(formatKubun, std::move(info)).first->second;
+}
+
+const char* QZCDatCsvFile::Field(const Record& record, uint32_t field) const
+{
+    return field < record.count ? m_strFieldTexts.data() + m_vecFieldStarts[record.first + field] : "";
 }
 
 int64_t QZCDatCsvFile::CurrentLine() const

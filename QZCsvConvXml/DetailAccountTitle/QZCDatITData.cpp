@@ -4,6 +4,7 @@
 
 #include "QZCDatValidator.h"
 #include "QZCLog.h"
+#include "QZCMacOSNative.h"
 
 QZCDatITData::QZCDatITData() = default;
 
@@ -49,7 +50,11 @@ const char* QZCDatITData::GetITData(QZCDatArgValid_t kind) const
 
 void QZCDatITData::SetCsvData(const std::string& data)
 {
-    m_strCsvData = data;
+    // The whole file's text: its copy goes into huge pages like the original.
+    m_strCsvData.clear();
+    m_strCsvData.reserve(data.size());
+    QZCMacOSNative::adviseHugePages(m_strCsvData.data(), m_strCsvData.capacity());
+    m_strCsvData.append(data);
 }
 
 const std::string& QZCDatITData::GetCsvData() const

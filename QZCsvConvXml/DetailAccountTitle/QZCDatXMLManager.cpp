@@ -434,7 +434,11 @@ int QZCDatXMLManager::AppearanceCheck(const char* csvPath)
             QZC_LOG(label, "ファイル名にFyla利用可能文字以外を含む");
             return -1;
         }
-        m_strCsvData = QZCPublicFunction::StringTrim(m_strCsvData);
+        // Trimmed in place: a copy of a large file's text costs as much as reading it.
+        const std::string_view kept = QZCMacOSNative::viewByTrimming(m_strCsvData);
+        const size_t begin = static_cast<size_t>(kept.data() - m_strCsvData.data());
+        m_strCsvData.resize(begin + kept.size());
+        m_strCsvData.erase(0, begin);
         if (QZCDatCsvFile().ParseSimply(m_strCsvData.c_str()) != 0) {
             QZC_LOG(label, "CSVデータにFyla利用可能文字以外を含む");
             return -1;

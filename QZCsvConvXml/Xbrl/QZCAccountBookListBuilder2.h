@@ -20,6 +20,8 @@ public:
     bool AnalyzeFinancialStatement(const QZCFinancialStatementsCSV& csv, std::string& corporateName,
                                    std::string& fiscalYearFrom, std::string& fiscalYearTo) override;
     const std::vector<QZCAccountBook2>& GetAccountBook2() const { return m_vBooks; }
+    // Hands the books over without copying their items.
+    std::vector<QZCAccountBook2> ReleaseAccountBook2() { return std::move(m_vBooks); }
     // Element names and code list attributes of every book.
     bool SetPropertyAfterLayered(const QZCKamokuCodeListCSV& codeList);
 

@@ -8,11 +8,9 @@ void QZCAccountFile::SetXBRLPropertyInfo(const std::string& corporateName, const
     m_properties = {corporateName, fiscalYearFrom, fiscalYearTo};
 }
 
-void QZCAccountFile::SetAccountBook2List(const std::vector<QZCAccountBook2>& books)
+void QZCAccountFile::SetAccountBook2List(std::vector<QZCAccountBook2> books)
 {
-    if (&books != &m_vBooks) {
-        m_vBooks = books;
-    }
+    m_vBooks = std::move(books);
 }
 
 std::string QZCAccountFile::GetXBRLTypes() const

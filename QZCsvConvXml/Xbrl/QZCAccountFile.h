@@ -25,7 +25,7 @@ public:
     void SetXBRLPropertyInfo(const std::string& corporateName, const std::string& fiscalYearFrom,
                              const std::string& fiscalYearTo);
     XBRL_PROPERTIES GetXBRLPropertyInfo() const { return m_properties; }
-    void SetAccountBook2List(const std::vector<QZCAccountBook2>& books);
+    void SetAccountBook2List(std::vector<QZCAccountBook2> books);
     const std::vector<QZCAccountBook2>& GetAccountBook2List() const { return m_vBooks; }
     _XBRLRESULTINFO GetResultInfo() const { return m_result; }
 

@@ -12,6 +12,12 @@ public:
 
     QZCCsvFile() = default;
     virtual ~QZCCsvFile() = default;
+    // Declared so that a vector of files moves its lines when it grows
+    // instead of copying them.
+    QZCCsvFile(const QZCCsvFile&) = default;
+    QZCCsvFile(QZCCsvFile&&) noexcept = default;
+    QZCCsvFile& operator=(const QZCCsvFile&) = default;
+    QZCCsvFile& operator=(QZCCsvFile&&) noexcept = default;
 
     virtual bool ReadCsvFile(const char* path);
     virtual void InitMembers();

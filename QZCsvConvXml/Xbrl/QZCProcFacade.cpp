@@ -88,6 +88,7 @@ bool QZCProcFacade::CsvCheck2(const char* csvFile, const char* csvFolder, const 
             QZCParamCheck::GetFileNameList(folder, names);
             QZCValidateFolderFiles nameCheck;
             nameCheck.PreCheck(names);
+            files.reserve(names.size());
             size_t totalLines = 0;
             bool anyRead = false;
             for (const std::string& name : names) {
@@ -183,7 +184,7 @@ bool QZCProcFacade::validateCSVToXBRL2forOneFile(OPERATION_TYPE type, QZCAccount
     bool propertiesSet = builder.SetPropertyAfterLayered(codeList);
     bool itemsValid = mediator.ExecCheckAfterLayered(builder.GetAccountBook2(), codeList);
     complete = complete && propertiesSet && itemsValid;
-    file.SetAccountBook2List(builder.GetAccountBook2());
+    file.SetAccountBook2List(builder.ReleaseAccountBook2());
 
     if (complete)
         file.SetCompleteResultInfo(styleVersion);

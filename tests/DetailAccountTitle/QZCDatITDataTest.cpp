@@ -99,6 +99,11 @@ TEST(QZCDatCsvFileRecords, SplitsQuotedFieldsAndLineEnds)
     csv.SetItem("w", 0, 1);
     csv.SetItem("ignored", 0, 5);
     EXPECT_STREQ(csv.GetItem(0, 1), "w");
+    // A longer text than the old one leaves the neighbours as they were.
+    csv.SetItem("a longer value", 1, 0);
+    EXPECT_STREQ(csv.GetItem(1, 0), "a longer value");
+    EXPECT_STREQ(csv.GetItem(1, 1), "c\"\"d");
+    EXPECT_STREQ(csv.GetItem(2, 0), "last");
 }
 
 TEST(QZCDatCsvFileRecords, FirstRefusedCharacterIsReportedAtItsRecordAndField)

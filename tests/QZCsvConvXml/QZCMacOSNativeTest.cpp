@@ -22,6 +22,20 @@ TEST(ShiftJis, WindowsCodePage932RoundTrips)
     EXPECT_EQ(QZCMacOSNative::readSJISFile(dir.file("a.csv").c_str()), text);
 }
 
+TEST(ShiftJis, LargeFilesDecodeAcrossReadChunks)
+{
+    // Double-byte characters at every offset around the 64 KiB boundaries of
+    // the reads, and a lead byte left alone at the very end.
+    TempDir dir;
+    std::string text(65535, 'a');
+    for (int i = 0; i < 70000; ++i)
+        text += i % 3 == 2 ? "ｱ" : "あ";
+    ASSERT_TRUE(QZCMacOSNative::writeSJISFile(dir.file("big.csv").c_str(), text, true));
+    EXPECT_EQ(QZCMacOSNative::readSJISFile(dir.file("big.csv").c_str()), text);
+    writeBytes(dir.file("cut.csv"), readBytes(dir.file("big.csv")) + "\x82");
+    EXPECT_EQ(QZCMacOSNative::readSJISFile(dir.file("cut.csv").c_str()), "");
+}
+
 TEST(ShiftJis, InvalidBytesReadAsEmpty)
 {
     TempDir dir;
