@@ -100,6 +100,7 @@ private:
     std::vector<Record> m_vecRecords;
     // First field of the record being read.
     uint32_t m_nRecordFirst = 0;
+    // The field under the character test, reused to spare an allocation.
     std::string m_strScratch;
     bool m_bSimpleMode = false;
     int64_t m_nInvalidLine = 0;
