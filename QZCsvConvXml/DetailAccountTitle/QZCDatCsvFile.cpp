@@ -162,7 +162,6 @@ int QZCDatCsvFile::Parse(const char* text)
         fieldStart = false;
         if (c == ',') {
             ColumnTerm(field, false);
-            field.clear();
             fieldStart = true;
         } else if (IsLineEnd(c)) {
             if (c == '\r' && i + 1 < length && text[i + 1] == '\n') {
@@ -171,7 +170,6 @@ int QZCDatCsvFile::Parse(const char* text)
             if (ColumnTerm(field, true) != 0) {
                 return -1;
             }
-            field.clear();
             fieldStart = true;
         } else {
             field += c;
@@ -299,10 +297,11 @@ void QZCDatCsvFile::Clear()
     m_nMaxOccurs = 0;
 }
 
-int QZCDatCsvFile::ColumnTerm(const std::string& field, bool endOfRecord)
+int QZCDatCsvFile::ColumnTerm(std::string& field, bool endOfRecord)
 {
     m_vecFieldStarts.push_back(static_cast<uint32_t>(m_strFieldTexts.size()));
     m_strFieldTexts.append(QZCMacOSNative::viewByTrimming(field)).push_back('\0');
+    field.clear();
     if (!endOfRecord) {
         return 0;
     }

@@ -69,9 +69,9 @@ private:
         uint32_t count;
     };
 
-    // Appends the trimmed field to the record being read; at its end checks
-    // the record and keeps it.
-    int ColumnTerm(const std::string& field, bool endOfRecord);
+    // Moves the trimmed field into the record being read and empties it; at
+    // the record's end checks the record and keeps it.
+    int ColumnTerm(std::string& field, bool endOfRecord);
     bool ValidateRecord(const Record& record);
     void ValidFylstring(const Record& record);
     const char* Field(const Record& record, uint32_t field) const;
