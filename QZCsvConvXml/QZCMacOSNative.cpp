@@ -380,6 +380,17 @@ bool QZCMacOSNative::writeSJISFile(const char* path, const std::string& text, bo
     return replaceFileAtomically(path, *bytes, exists ? &existing : nullptr);
 }
 
+bool QZCMacOSNative::writeFile(const char* path, const std::string& bytes)
+{
+    if (!path || !*path)
+        return false;
+    struct stat existing;
+    bool exists = ::stat(path, &existing) == 0;
+    if (exists && S_ISDIR(existing.st_mode))
+        return false;
+    return replaceFileAtomically(path, bytes, exists ? &existing : nullptr);
+}
+
 std::string QZCMacOSNative::dateTimeNow(const char* datePattern, const char* timePattern)
 {
     std::string pattern = str(datePattern);

@@ -17,14 +17,11 @@
 #include <string>
 #include <vector>
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
 #include "MessageCatalog.h"
-#include "QZCLoadResource.h"
+#include "QZICsvConvSupport.h"
 #include "QZICsvConvXML.h"
 
 namespace {
@@ -69,38 +66,18 @@ const Text kCheckResults[] = {
     {"チェックできません（形式エラー）", "format error: not checked"},
 };
 
-std::vector<std::string> splitEntries(const std::string& joined)
+// One error entry as a line of the report.
+std::string describeEntry(const QZICsvConvSupport::ErrorEntry& entry, Language language)
 {
-    std::vector<std::string> entries;
-    for (size_t start = 0; start < joined.size();) {
-        size_t comma = joined.find(',', start);
-        if (comma == std::string::npos)
-            comma = joined.size();
-        entries.push_back(joined.substr(start, comma - start));
-        start = comma + 1;
-    }
-    return entries;
-}
-
-// One error entry "LLLL-CCCCC-HQZnnnnE" as a line of the report.
-std::string describeEntry(const std::string& entry, Language language)
-{
-    size_t first = entry.find('-');
-    size_t second = first == std::string::npos ? std::string::npos : entry.find('-', first + 1);
-    if (second == std::string::npos)
-        return entry;
-    long line = std::strtol(entry.substr(0, first).c_str(), nullptr, 10);
-    long column = std::strtol(entry.substr(first + 1, second - first - 1).c_str(), nullptr, 10);
-    std::string code = entry.substr(second + 1);
     std::string where;
-    if (line == 0 && column == 0)
+    if (entry.line == 0 && entry.column == 0)
         where = kWholeFile(language);
-    else if (line == 9999)
-        where = std::string(kArgument(language)) + " " + std::to_string(column);
+    else if (entry.line == 9999)
+        where = std::string(kArgument(language)) + " " + std::to_string(entry.column);
     else
-        where = std::string(kLine(language)) + " " + std::to_string(line) + ", " + kColumn(language) + " " +
-                std::to_string(column);
-    return where + ": " + code + " " + messageFor(code, language);
+        where = std::string(kLine(language)) + " " + std::to_string(entry.line) + ", " + kColumn(language) + " " +
+                std::to_string(entry.column);
+    return where + ": " + entry.code + " " + messageFor(entry.code, language);
 }
 
 void printEntries(std::ostream& out, const std::string& joined, const char* indent, Language language)
@@ -108,7 +85,7 @@ void printEntries(std::ostream& out, const std::string& joined, const char* inde
     if (joined.empty())
         return;
     out << indent << kErrors(language) << ":\n";
-    for (const std::string& entry : splitEntries(joined))
+    for (const QZICsvConvSupport::ErrorEntry& entry : QZICsvConvSupport::ParseErrorInfo(joined))
         out << indent << "  " << describeEntry(entry, language) << "\n";
 }
 
@@ -185,22 +162,6 @@ int reportDetail(const QZICsvConvResultXML& result, const Text& title, Verdict k
     return exitStatus(result.Result);
 }
 
-// Writes the text to a temporary file beside the target and renames it over
-// the target, so the target is either complete or as it was.
-bool writeAtomically(const std::string& path, const std::string& text)
-{
-    std::string temporary = path + ".XXXXXX";
-    int fd = ::mkstemp(temporary.data());
-    if (fd < 0)
-        return false;
-    bool ok = ::write(fd, text.data(), text.size()) == static_cast<ssize_t>(text.size()) && ::fchmod(fd, 0644) == 0
-              && ::fsync(fd) == 0;
-    ok = ::close(fd) == 0 && ok && ::rename(temporary.c_str(), path.c_str()) == 0;
-    if (!ok)
-        ::unlink(temporary.c_str());
-    return ok;
-}
-
 // The report XML of a convertible file, on standard output or into a file;
 // the verdict and the entries go to standard error when the XML takes
 // standard output.
@@ -228,7 +189,7 @@ int reportXml(const QZICsvConvResultXML& result, const std::string& xml, const s
     }
     if (xml.empty())
         return 1;
-    if (!output.empty() && !writeAtomically(output, xml)) {
+    if (!output.empty() && !QZICsvConvSupport::WriteFile(output, xml)) {
         std::cerr << "qzcsvconv: cannot write " << output << "\n";
         return 1;
     }
@@ -287,7 +248,7 @@ int main(int argc, char** argv)
         return 2;
     }
     if (!options.bundle.empty())
-        ::setenv(QZCLoadResource::kBundleVariable, options.bundle.c_str(), 1);
+        ::setenv(QZICsvConvSupport::BundleVariable(), options.bundle.c_str(), 1);
 
     QZICsvConvXML library;
     if (*detail)

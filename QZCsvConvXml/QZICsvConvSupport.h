@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+// Services of the library for programs built on its interface, so that they
+// write files, convert Shift_JIS and read error entries exactly as the
+// library's own operations do.
+class QZICsvConvSupport {
+public:
+    // One entry of an error text: "0012-00003-HQZ9300E" is line 12, column 3,
+    // code "HQZ9300E". Line 9999 marks an argument (column = its number),
+    // line 0 with column 0 the whole file or run.
+    struct ErrorEntry {
+        int64_t line = 0;
+        int64_t column = 0;
+        std::string code;
+    };
+    // The entries of an error text as the operations return it (entries
+    // joined with ","), in its order; a piece that is not an entry is skipped.
+    static std::vector<ErrorEntry> ParseErrorInfo(const std::string& errorInfo);
+
+    // Replaces the content of the file at path with the bytes, so that the
+    // file is either complete or as it was.
+    static bool WriteFile(const std::string& path, const std::string& bytes);
+
+    // Shift_JIS (Windows code page 932) as the library reads and writes it;
+    // nullopt for bytes or characters without a form in the other encoding.
+    static std::optional<std::string> ShiftJISToUtf8(const std::string& bytes);
+    static std::optional<std::string> Utf8ToShiftJIS(const std::string& text);
+
+    // Whether every character of the UTF-8 text is one the service accepts.
+    static bool IsAvailableString(const std::string& text);
+
+    // The resource bundle the operations use ("" when none is found), and the
+    // environment variable that points them at another.
+    static std::string BundlePath();
+    static const char* BundleVariable();
+};
