@@ -21,6 +21,15 @@ std::vector<QZICsvConvSupport::ErrorEntry> QZICsvConvSupport::ParseErrorInfo(con
     return entries;
 }
 
+std::optional<QZICsvConvSupport::DetailMessage> QZICsvConvSupport::FindDetailMessage(const std::string& code)
+{
+    for (const QZCDatMsgRow& row : DatMsgTable) {
+        if (*row.code && code == row.code)
+            return DetailMessage{row.message, row.blocksConversion != 0};
+    }
+    return std::nullopt;
+}
+
 bool QZICsvConvSupport::WriteFile(const std::string& path, const std::string& bytes)
 {
     return QZCMacOSNative::writeFile(path.c_str(), bytes);

@@ -22,6 +22,15 @@ public:
     // joined with ","), in its order; a piece that is not an entry is skipped.
     static std::vector<ErrorEntry> ParseErrorInfo(const std::string& errorInfo);
 
+    // The library's own Japanese text of a detail-statement message code
+    // ("HQZ9300E"), and whether that code keeps a file from being converted;
+    // nullopt for a code outside the detail message table.
+    struct DetailMessage {
+        std::string text;
+        bool blocksConversion = false;
+    };
+    static std::optional<DetailMessage> FindDetailMessage(const std::string& code);
+
     // Replaces the content of the file at path with the bytes, so that the
     // file is either complete or as it was.
     static bool WriteFile(const std::string& path, const std::string& bytes);

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "QZCUtility.h"
+#include "QZICsvConvSupport.h"
 
 namespace {
 
@@ -105,12 +105,10 @@ const Message* find(const std::string& code)
     return nullptr;
 }
 
-const char* libraryText(const std::string& code)
+std::string libraryText(const std::string& code)
 {
-    for (const QZCDatMsgRow& row : DatMsgTable)
-        if (*row.code && code == row.code)
-            return row.message;
-    return "";
+    std::optional<QZICsvConvSupport::DetailMessage> message = QZICsvConvSupport::FindDetailMessage(code);
+    return message ? message->text : std::string();
 }
 
 }  // namespace
