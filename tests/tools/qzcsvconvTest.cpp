@@ -178,19 +178,19 @@ TEST(Tool, WriteHandsTheDataOverUnchanged)
 TEST(Tool, ReportPrintsOrWritesTheDocument)
 {
     const std::string examples = std::string(QZC_SOURCE_DIR) + "/examples/detail/";
-    ToolRun printed = runTool(kBundle + " report " + examples + "HOI110_3.0.csv 3.0");
+    ToolRun printed = runTool(kBundle + " report " + examples + "HOI110_3.0_借入金.csv 3.0");
     EXPECT_EQ(printed.status, 0);
     EXPECT_EQ(printed.out.rfind("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<CONTENTS><HOI110 ", 0), 0u) << printed.out;
 
     TempDir dir;
     const std::string target = dir.file("report.xml");
-    ToolRun written = runTool(kBundle + " --lang en report -o " + target + " " + examples + "HOB016_6.0.csv 6.0");
+    ToolRun written = runTool(kBundle + " --lang en report -o " + target + " " + examples + "HOB016_6.0_控除所得税額.csv 6.0");
     EXPECT_EQ(written.status, 0);
     EXPECT_NE(written.out.find("Report XML: S_OK"), std::string::npos) << written.out;
     EXPECT_EQ(readBytes(target).rfind("<?xml", 0), 0u);
 
     // A file that cannot be converted leaves the target as it was.
-    ToolRun refused = runTool(kBundle + " --json report -o " + target + " " + examples + "HOI010_4.0.csv 1.0");
+    ToolRun refused = runTool(kBundle + " --json report -o " + target + " " + examples + "HOI010_4.0_預貯金等.csv 1.0");
     EXPECT_EQ(refused.status, 1);
     nlohmann::json result = nlohmann::json::parse(refused.out);
     EXPECT_EQ(result["Report"], "");
