@@ -1,5 +1,7 @@
 #include "QZICsvConvSupport.h"
 
+#include "QZCCsvFile.h"
+#include "QZCDOMParser.h"
 #include "QZCErrorInfo.h"
 #include "QZCLoadResource.h"
 #include "QZCMacOSNative.h"
@@ -43,6 +45,21 @@ std::optional<std::string> QZICsvConvSupport::ShiftJISToUtf8(const std::string& 
 std::optional<std::string> QZICsvConvSupport::Utf8ToShiftJIS(const std::string& text)
 {
     return QZCMacOSNative::utf8ToSjis(text);
+}
+
+std::vector<std::vector<std::string>> QZICsvConvSupport::ReadCsvRecords(const std::string& path)
+{
+    QZCCsvFile csv;
+    const std::string text = QZCMacOSNative::readSJISFile(path.c_str());
+    if (!text.empty())
+        csv.ParseCsvData(text.c_str());
+    return csv.GetCSVData();
+}
+
+bool QZICsvConvSupport::IsWellFormedXml(const std::string& text)
+{
+    QZCDOMParser parser;
+    return parser.Initialize() && parser.Parse(text.c_str(), "document", "UTF-8");
 }
 
 bool QZICsvConvSupport::IsAvailableString(const std::string& text)

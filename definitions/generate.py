@@ -409,26 +409,26 @@ class Form:
 
     def total_items(self, w, table, container):
         # The total row writes the items it carries under its own element.
-        # Its checks run with those of the detail rows (an item for every row
-        # kind, switched on by row kind 1), so that one reading of a file
-        # reports every mistake; a failing check of an item kept for total
-        # rows would stop the check of the file at once.
+        # Its checks run with those of the detail rows (items for every row
+        # kind, one a column with its label, switched on by row kind 1), so
+        # that one reading of a file reports every mistake; a failing check
+        # of an item kept for total rows would stop the check at once.
         w('    <item id="%s-total" parent="%s" meisaiGoukei="1"/>' % (container, self.id))
         for c in table.columns:
             if c.item in table.total:
                 w('    <item id="%s" parent="%s-total" column="%d" meisaiGoukei="1" label="%s"/>'
                   % (c.item, container, table.position[c.item], c.label))
-        w('    <item id="totalRow" parent="%s">' % self.id)
         for c in table.columns:
             p = table.position[c.item]
             if c.item in table.total:
                 checks = c.checks()
             else:
                 checks = [("empty", [])] * c.width()
+            w('    <item id="totalRow" parent="%s" label="%s">' % (self.id, c.label))
             for offset, (keyword, attributes) in enumerate(checks):
                 column = p + (offset if keyword == "empty" else 0)
                 w("      " + valid(keyword, attributes, column) + ">" + TOTAL_GATE + "</valid>")
-        w("    </item>")
+            w("    </item>")
 
     # ---- examples --------------------------------------------------------------
 
