@@ -20,6 +20,7 @@
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
+#include "ImportCodes.h"
 #include "MessageCatalog.h"
 #include "QZICsvConvSupport.h"
 #include "QZICsvConvXML.h"
@@ -238,6 +239,11 @@ int main(int argc, char** argv)
     std::string output;
     CLI::App* report = addCheck("report", "Check a detail statement or appended table and print its report XML");
     report->add_option("-o,--output", output, "Write the report XML to this file instead of standard output");
+    std::string third;
+    CLI::App* importCodes = app.add_subcommand("import-codes", "Turn a public account list into a code list of the bundle");
+    importCodes->add_option("KIND", first, "Statement kind: BS, PL, SC, SS, SE, SR or NT")->required();
+    importCodes->add_option("PUBLIC_LIST", second, "The public account list saved as CSV (Shift_JIS or UTF-8)")->required();
+    importCodes->add_option("OUT", third, "Code list file to write")->required();
 
     try {
         app.parse(argc, argv);
@@ -249,6 +255,9 @@ int main(int argc, char** argv)
     }
     if (!options.bundle.empty())
         ::setenv(QZICsvConvSupport::BundleVariable(), options.bundle.c_str(), 1);
+
+    if (*importCodes)
+        return ImportCodes(first, second, third, options.json, options.language());
 
     QZICsvConvXML library;
     if (*detail)

@@ -9,10 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "QZCAccountBook2.h"
-#include "QZCKamokuCodeListCSV.h"
-#include "QZCUtility.h"
-#include "TestSupport.h"
+#include "QZCCsvFile.h"
 
 namespace {
 
@@ -106,16 +103,6 @@ TEST_P(ShippedCodeList, EveryRowIsSound)
     const std::string path = kFolder + "/kamokuCodeList_" + GetParam().kind + ".csv";
     ASSERT_TRUE(file.ReadCsvFile(path.c_str())) << path;
     EXPECT_EQ(faults(file.GetCSVData(), GetParam()), std::vector<std::string>());
-}
-
-TEST_P(ShippedCodeList, LoadsIntoTheCheck)
-{
-    ScopedBundle bundle(QZC_BUNDLE_DIR);
-    QZCUtility::ClearErrorInfo();
-    std::vector<QZCAccountBook2> books(1);
-    books[0].SetBookType(GetParam().kind);
-    QZCKamokuCodeListCSV codeList;
-    EXPECT_TRUE(codeList.ReadCsvFile(kFolder.c_str(), books)) << takeErrors();
 }
 
 INSTANTIATE_TEST_SUITE_P(Bundle, ShippedCodeList, testing::ValuesIn(kKinds),
