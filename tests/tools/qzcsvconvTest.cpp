@@ -204,24 +204,26 @@ TEST(Tool, HintsAndFindingsWhereTheCodeAloneMisleads)
 
 TEST(Tool, ReportIsWellFormedOrNotHandedOut)
 {
+    // A unit attribute of 120 characters: its start tag is longer than the
+    // report's tags may be, so the document would be cut short.
+    DetailTestBundle bundle;
+    writeBytes(std::string(std::getenv("QZCSVCONVXML_BUNDLE")) + "/AccountTitle/HOI010_4.0_vld.xml",
+               R"(<definition><report id="HOI010" reportId="HOI010" reportVR="4.0" columnNum="4" maxOccurs="100">
+                    <item id="rows" parent="HOI010" meisaiGoukei="0"/>
+                    <item id="area" parent="rows" column="3" unit="1" meisaiGoukei="0"/></report></definition>)");
     TempDir dir;
-    // A unit of 120 characters: a warning for the check (株 or 口), a start
-    // tag longer than the report's tags may be.
-    const std::string unit(120, 'm');
-    writeShiftJis(dir.file("HOB016_6.0.csv"), "HOB016,1,北斗中央銀行,定期預金利子,30000,4594,5000," + unit + ",,,,,,,,,4594\r\n");
+    writeShiftJis(dir.file("HOI010_4.0.csv"), "HOI010,0,2480," + std::string(120, 'm') + "\r\n");
     writeBytes(dir.file("report.xml"), "old");
-    const ToolRun run = runTool(kBundle + " --json report -o " + dir.file("report.xml") + " " +
-                                dir.file("HOB016_6.0.csv") + " 6.0");
+    const ToolRun run = runTool("--json report -o " + dir.file("report.xml") + " " + dir.file("HOI010_4.0.csv") + " 4.0");
     EXPECT_EQ(run.status, 1);
     const json answer = run.json();
     EXPECT_EQ(answer["Report"], "");
-    EXPECT_EQ(answer["Conformity"], 2);
+    EXPECT_EQ(answer["Conformity"], 1);
     EXPECT_EQ(answer["Verdict"], "failed");
     EXPECT_EQ(answer["Entries"].back()["Code"], kReportNotWellFormed);
     EXPECT_EQ(readBytes(dir.file("report.xml")), "old");
 
-    const ToolRun rowKind = runTool(kBundle + " --lang en report " + kExamples +
-                                    "detail/with-errors/HOI010_4.0_預貯金等_フォーマット区分.csv 4.0");
+    const ToolRun rowKind = runTool(kBundle + " --lang en report " + kExamples + "detail/with-errors/HOI010_4.0_預貯金等_フォーマット区分.csv 4.0");
     EXPECT_EQ(rowKind.status, 1);
     EXPECT_EQ(rowKind.out.rfind("Note: No report XML was produced", 0), 0u) << rowKind.out;
 }
@@ -267,10 +269,9 @@ TEST(Tool, CommandLineConventions)
     EXPECT_NE(runTool(kBundle + clean, "", "env LANG=ja_JP.UTF-8 LC_ALL=C.UTF-8").out.find("every file"),
               std::string::npos);
 
-    // A CSV file on standard input answers as the file itself (its first
-    // field names the form).
-    const std::string errors = kExamples + "detail/with-errors/HOI010_4.0_預貯金等_フォーマット区分.csv";
-    json piped = runTool(kBundle + " --json detail2 - 4.0 < " + errors).json();
+    // A CSV file on standard input answers as the file itself.
+    const std::string errors = kExamples + "detail/with-errors/HOI010_4.0_預貯金等.csv";
+    json piped = runTool(kBundle + " --json --name HOI010_4.0.csv detail2 - 4.0 < " + errors).json();
     json named = runTool(kBundle + " --json detail2 " + errors + " 4.0").json();
     EXPECT_EQ(piped["DetailErrorInfo"], named["DetailErrorInfo"]);
     EXPECT_EQ(piped["Entries"][0]["File"], "-");
