@@ -3,6 +3,7 @@
 #include <unicode/ustring.h>
 
 #include "QZCCsvFile.h"
+#include "QZCDatCsvFile.h"
 #include "QZCDOMParser.h"
 #include "QZCErrorInfo.h"
 #include "QZCLoadResource.h"
@@ -68,6 +69,26 @@ std::vector<std::vector<std::string>> QZICsvConvSupport::ParseCsv(const std::str
     QZCCsvFile csv;
     csv.ParseCsvData(text.c_str());
     return csv.GetCSVData();
+}
+
+std::vector<std::vector<QZICsvConvSupport::CsvField>> QZICsvConvSupport::SplitDetailCsv(const std::string& text)
+{
+    QZCDatCsvFile csv;
+    std::vector<std::vector<QZCDatCsvFile::FieldSpan>> spans;
+    try {
+        csv.SplitWithSpans(text.c_str(), spans);
+    } catch (...) {
+        return {};
+    }
+    std::vector<std::vector<CsvField>> records(spans.size());
+    for (size_t record = 0; record < spans.size(); ++record) {
+        for (size_t field = 0; field < spans[record].size(); ++field) {
+            const QZCDatCsvFile::FieldSpan& span = spans[record][field];
+            records[record].push_back(CsvField{csv.GetItem(static_cast<int64_t>(record), static_cast<int64_t>(field)),
+                                               span.begin, span.end});
+        }
+    }
+    return records;
 }
 
 std::vector<std::vector<std::string>> QZICsvConvSupport::ReadCsvRecords(const std::string& path)

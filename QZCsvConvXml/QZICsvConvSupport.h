@@ -49,6 +49,19 @@ public:
     // lists.
     static std::vector<std::vector<std::string>> ParseCsv(const std::string& text);
 
+    // The records of a detail-statement or appended-table CSV text (UTF-8)
+    // as the detail operations split them: each field's value as they read
+    // it, and the bytes [begin, end) of the text it was read from: from its
+    // first byte up to the separator or line end after it, so quotes and
+    // the blanks trimmed off included. The text ends at a NUL byte; a text
+    // of 4 GB or more has no records.
+    struct CsvField {
+        std::string value;
+        size_t begin = 0;
+        size_t end = 0;
+    };
+    static std::vector<std::vector<CsvField>> SplitDetailCsv(const std::string& text);
+
     // The lines of a CSV file as the library splits them (Shift_JIS on disk,
     // fields trimmed); empty for a file that cannot be read or is not
     // Shift_JIS. The text ends at a NUL byte, as the library reads it.

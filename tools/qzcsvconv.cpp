@@ -17,6 +17,7 @@
 
 #include "Commands.h"
 #include "ImportCodes.h"
+#include "Normalize.h"
 #include "QZICsvConvSupport.h"
 #include "QZICsvConvXML.h"
 #include "TextReport.h"
@@ -47,6 +48,9 @@ const char* const kFooter = R"(Examples:
       check a detail statement or appended table and write its report XML
   printf 'HOI010,0,みなと銀行,1200000\r\n' | qzcsvconv write HOI010_4.0.csv -
       write UTF-8 text as a Shift_JIS CSV file
+  qzcsvconv normalize --fold-accents HOI010_4.0_bank.csv HOI010_4.0.csv
+      repair the characters and widths of a file (UTF-8 or Shift_JIS) and
+      write it as Shift_JIS; every change is listed
   qzcsvconv --json --lang en detail2 - 4.0 < HOI010_4.0.csv
       a CSV file on standard input ("-"): its name is made of its first field
       and the style version
@@ -117,6 +121,14 @@ int run(int argc, char** argv)
                "The public account list saved as CSV (Shift_JIS or UTF-8)")
         ->add_option("OUT", arguments[2], "Code list file to write")
         ->required();
+    NormalizeOptions normalize;
+    CLI::App* normalizeCommand = app.add_subcommand(
+        "normalize", "Rewrite a CSV file into the characters and widths its form accepts, as Shift_JIS");
+    normalizeCommand->add_option("IN", normalize.input, "CSV file, Shift_JIS or UTF-8")->required();
+    normalizeCommand->add_option("OUT", normalize.output, "File to write");
+    normalizeCommand->add_flag("--in-place", normalize.inPlace, "Rewrite IN itself");
+    normalizeCommand->add_option("--for", normalize.form, "The form, such as HOI010_4.0 (default: from IN's name)");
+    normalizeCommand->add_flag("--fold-accents", normalize.foldAccents, "Write letters with accents as their base letters");
 
     try {
         app.parse(argc, argv);
@@ -142,6 +154,8 @@ int run(int argc, char** argv)
     call.language = lang == "en" ? Language::English : Language::Japanese;
     if (call.command == "import-codes")
         return ImportCodes(arguments[0], arguments[1], arguments[2], json, call.language);
+    if (call.command == "normalize")
+        return Normalize(normalize, json, call.language);
     arguments.pop_back();
     call.arguments = arguments;
     const Json answer = runCommand(call);

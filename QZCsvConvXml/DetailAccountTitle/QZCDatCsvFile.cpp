@@ -138,6 +138,17 @@ int QZCDatCsvFile::Parse(const char* text)
     std::string field;
     bool fieldStart = true;
     bool quoted = false;
+    size_t fieldBegin = 0;
+    // Ends the field read so far at byte end of the text.
+    auto term = [&](size_t end, bool endOfRecord) {
+        if (m_pSpans) {
+            m_pSpans->back().push_back({fieldBegin, end});
+            if (endOfRecord) {
+                m_pSpans->emplace_back();
+            }
+        }
+        return ColumnTerm(field, endOfRecord);
+    };
     for (size_t i = 0; i < length; ++i) {
         const char c = text[i];
         if (quoted) {
@@ -161,16 +172,19 @@ int QZCDatCsvFile::Parse(const char* text)
         }
         fieldStart = false;
         if (c == ',') {
-            ColumnTerm(field, false);
+            term(i, false);
             fieldStart = true;
+            fieldBegin = i + 1;
         } else if (IsLineEnd(c)) {
+            const size_t end = i;
             if (c == '\r' && i + 1 < length && text[i + 1] == '\n') {
                 ++i;
             }
-            if (ColumnTerm(field, true) != 0) {
+            if (term(end, true) != 0) {
                 return -1;
             }
             fieldStart = true;
+            fieldBegin = i + 1;
         } else {
             field += c;
         }
@@ -178,7 +192,25 @@ int QZCDatCsvFile::Parse(const char* text)
     if (m_vecFieldStarts.size() == m_nRecordFirst && field.empty()) {
         return 0;
     }
-    return ColumnTerm(field, true) != 0 ? -1 : 0;
+    return term(length, true) != 0 ? -1 : 0;
+}
+
+void QZCDatCsvFile::SplitWithSpans(const char* text, std::vector<std::vector<FieldSpan>>& spans)
+{
+    spans.assign(1, {});
+    m_bSimpleMode = true;
+    m_pSpans = &spans;
+    try {
+        Parse(text);
+    } catch (...) {
+        m_pSpans = nullptr;
+        throw;
+    }
+    m_pSpans = nullptr;
+    // The record the last line end opened holds nothing.
+    if (spans.back().empty()) {
+        spans.pop_back();
+    }
 }
 
 int64_t QZCDatCsvFile::GetRoughRecordCount(const std::string& text) const

@@ -32,6 +32,15 @@ public:
     int ParseSimply(const char* text);
     // Splits text into records (quoted fields, CR, LF or CR LF line ends).
     int Parse(const char* text);
+    // Where a field was read from in the text: from its first byte up to the
+    // separator or line end after it, quotes and blanks included.
+    struct FieldSpan {
+        size_t begin;
+        size_t end;
+    };
+    // Splits text as ParseSimply does and keeps, for each record, the span
+    // of each of its fields.
+    void SplitWithSpans(const char* text, std::vector<std::vector<FieldSpan>>& spans);
     // Quick estimate of the number of non-empty lines.
     int64_t GetRoughRecordCount(const std::string& text) const;
 
@@ -103,6 +112,8 @@ private:
     // The field under the character test, reused to spare an allocation.
     std::string m_strScratch;
     bool m_bSimpleMode = false;
+    // The spans of the fields read, when SplitWithSpans asks for them.
+    std::vector<std::vector<FieldSpan>>* m_pSpans = nullptr;
     int64_t m_nInvalidLine = 0;
     int64_t m_nInvalidColumn = 0;
     int32_t m_nInvalidResult = 0;
