@@ -159,9 +159,9 @@ ImportedCodeList ConvertPublicAccountList(const std::string& kind, const std::st
                                                           : "CurrentYearNonConsolidatedDuration";
         const std::string fields[] = {key,    period,     balance, abstract ? "true" : "", tuple ? "tuple" : "",
                                       parent, label,      group,   row[kElementName],      context};
-        std::string out;
-        for (const std::string& field : fields)
-            out += (out.empty() ? "" : ",") + csvField(field);
+        std::string out = csvField(fields[0]);
+        for (size_t column = 1; column < std::size(fields); ++column)
+            out += "," + csvField(fields[column]);
         if (!QZICsvConvSupport::Utf8ToShiftJIS(out))
             return refuse(line, "Shift_JIS で書けない文字があります。", "characters without a Shift_JIS form");
         list.text += out + "\r\n";
