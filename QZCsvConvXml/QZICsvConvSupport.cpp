@@ -3,6 +3,7 @@
 #include <unicode/ustring.h>
 
 #include "QZCCsvFile.h"
+#include "QZCDOMParser.h"
 #include "QZCErrorInfo.h"
 #include "QZCLoadResource.h"
 #include "QZCMacOSNative.h"
@@ -67,6 +68,17 @@ std::vector<std::vector<std::string>> QZICsvConvSupport::ParseCsv(const std::str
     QZCCsvFile csv;
     csv.ParseCsvData(text.c_str());
     return csv.GetCSVData();
+}
+
+std::vector<std::vector<std::string>> QZICsvConvSupport::ReadCsvRecords(const std::string& path)
+{
+    return ParseCsv(QZCMacOSNative::readSJISFile(path.c_str()));
+}
+
+bool QZICsvConvSupport::IsWellFormedXml(const std::string& text)
+{
+    QZCDOMParser parser;
+    return parser.Initialize() && parser.Parse(text.c_str(), "document", "UTF-8");
 }
 
 bool QZICsvConvSupport::IsAvailableString(const std::string& text)

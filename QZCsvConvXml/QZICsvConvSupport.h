@@ -49,6 +49,14 @@ public:
     // lists.
     static std::vector<std::vector<std::string>> ParseCsv(const std::string& text);
 
+    // The lines of a CSV file as the library splits them (Shift_JIS on disk,
+    // fields trimmed); empty for a file that cannot be read or is not
+    // Shift_JIS. The text ends at a NUL byte, as the library reads it.
+    static std::vector<std::vector<std::string>> ReadCsvRecords(const std::string& path);
+
+    // Whether the text is a well-formed XML document for the library's parser.
+    static bool IsWellFormedXml(const std::string& text);
+
     // Whether every character of the UTF-8 text is one the service accepts.
     static bool IsAvailableString(const std::string& text);
 

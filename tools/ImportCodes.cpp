@@ -193,7 +193,9 @@ int ImportCodes(const std::string& kind, const std::string& publicList, const st
         problem = output + pick(language, ": 書き込めません。", ": cannot be written");
 
     if (json) {
-        nlohmann::json out = {{"Result", problem.empty() ? PROCESS_OK : PROCESS_FAIL},
+        nlohmann::json out = {{"Command", "import-codes"},
+                              {"Arguments", {kind, publicList, output}},
+                              {"Result", problem.empty() ? PROCESS_OK : PROCESS_FAIL},
                               {"Rows", problem.empty() ? list.rows : 0},
                               {"Message", problem}};
         std::cout << out.dump(2) << "\n";
