@@ -504,6 +504,11 @@ Json runNormalize(const NormalizeOptions& options)
                    {"Output", output},
                    {"Form", form ? Json(formName(*form)) : Json(nullptr)}};
     std::vector<std::string> hints;
+    if (!form)
+        hints.push_back(Text{"様式がわからないため、文字だけを直しました。列の全角・半角も直すには --for "
+                             "で様式を指定してください（例: --for HOI010_4.0）。",
+                             "The form is not known, so only the characters were repaired; to bring each column to "
+                             "its width too, name the form with --for (such as --for HOI010_4.0)."}(language));
     Normalization result;
     std::ifstream in(options.input, std::ios::binary);
     if (!in)
