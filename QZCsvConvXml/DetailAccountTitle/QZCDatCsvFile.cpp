@@ -55,15 +55,8 @@ int QZCDatCsvFile::ReadFile(const char* path, QZCDOMParser* definition)
     try {
         m_pDefinition = definition;
         Clear();
-        const char* problem = nullptr;
-        if (!QZCMacOSNative::pathFileExists(path)) {
-            problem = "CSVファイルが存在しません。";
-        } else if (!QZCMacOSNative::pathFileIsRead(path)) {
-            problem = "CSVファイルリードエラーが発生しました。";
-        } else if (static_cast<int64_t>(QZCMacOSNative::getFileSize(path)) <= 0) {
-            problem = "CSVファイルにデータがありません。";
-        }
-        if (problem != nullptr) {
+        const char* problem = QZCMacOSNative::csvFileProblem(path);
+        if (*problem != '\0') {
             QZC_LOG(label, problem);
             QZCUtility::AddParamErrorInfoDefinition(1, "HQZ9230E");
             return -1;

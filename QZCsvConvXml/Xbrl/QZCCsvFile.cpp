@@ -14,15 +14,8 @@ bool QZCCsvFile::ReadCsvFile(const char* path)
         QZC_LOG(kLabel, "ファイル名が設定されていません。");
         return false;
     }
-    const char* failure = nullptr;
-    if (!QZCMacOSNative::pathFileExists(path)) {
-        failure = "CSVファイルが存在しません。";
-    } else if (!QZCMacOSNative::pathFileIsRead(path)) {
-        failure = "CSVファイルリードエラーが発生しました。";
-    } else if (static_cast<int64_t>(QZCMacOSNative::getFileSize(path)) <= 0) {
-        failure = "CSVファイルにデータがありません。";
-    }
-    if (failure != nullptr) {
+    const char* failure = QZCMacOSNative::csvFileProblem(path);
+    if (*failure != '\0') {
         QZC_LOG(kLabel, failure);
         QZCUtility::AddOtherExceptionErrorInfo();
         return false;
