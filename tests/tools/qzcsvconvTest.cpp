@@ -55,13 +55,13 @@ TEST(Tool, ExitStatusFollowsTheVerdict)
         {"--json xbrl " + dir.file("empty") + " 3.0", 1},
         {"--json xbrl " + dir.file("bad-names") + " 3.0", 1},
         {"--json --bundle /nonexistent xbrl " + kExamples + "financial-statements 3.0", 1},
-        {"--json detail2 " + kExamples + "detail/HOI010_4.0.csv 4.0", 0},
-        {"--json detail2 " + kExamples + "detail/HOI010_4.0_errors.csv 4.0", 1},
-        {"--json detail2 " + kExamples + "detail/HOI010_4.0.csv 1.0", 1},
-        {"--json detail " + kExamples + "detail/HOI010_4.0.csv 4.0", 1},
-        {"--json appended " + kExamples + "detail/HOB016_6.0.csv 6.0", 0},
-        {"--json report " + kExamples + "detail/HOI110_3.0.csv 3.0", 0},
-        {"--json report " + kExamples + "detail/HOI010_4.0_row_kind.csv 4.0", 1},
+        {"--json detail2 " + kExamples + "detail/HOI010_4.0_預貯金等.csv 4.0", 0},
+        {"--json detail2 " + kExamples + "detail/with-errors/HOI010_4.0_預貯金等.csv 4.0", 1},
+        {"--json detail2 " + kExamples + "detail/HOI010_4.0_預貯金等.csv 1.0", 1},
+        {"--json detail " + kExamples + "detail/HOI010_4.0_預貯金等.csv 4.0", 1},
+        {"--json appended " + kExamples + "detail/HOB016_6.0_控除所得税額.csv 6.0", 0},
+        {"--json report " + kExamples + "detail/HOI110_3.0_借入金.csv 3.0", 0},
+        {"--json report " + kExamples + "detail/with-errors/HOI010_4.0_預貯金等_フォーマット区分.csv 4.0", 1},
         {"--json write " + dir.file("out.csv") + " " + dir.file("data.txt"), 0},
         {"--json write " + dir.file("missing/out.csv") + " " + dir.file("data.txt"), 1},
         {"", 2},
@@ -174,7 +174,7 @@ TEST(Tool, HintsAndFindingsWhereTheCodeAloneMisleads)
         {"xbrl " + dir.file("special") + " 3.0", kEmptyFile, 0, "", ""},
         {"xbrl " + dir.file("special") + " 3.0", kSpecialFile, 0, "", ""},
         {"write " + dir.file("out.csv") + " " + dir.file("write.txt"), kNoShiftJisForm, 2, "〜 (U+301C)", ""},
-        {"--bundle /nonexistent detail2 " + kExamples + "detail/HOI010_4.0.csv 4.0", "", 0, "",
+        {"--bundle /nonexistent detail2 " + kExamples + "detail/HOI010_4.0_預貯金等.csv 4.0", "", 0, "",
          "looked in: /nonexistent"},
     };
     for (const auto& test : cases) {
@@ -204,24 +204,26 @@ TEST(Tool, HintsAndFindingsWhereTheCodeAloneMisleads)
 
 TEST(Tool, ReportIsWellFormedOrNotHandedOut)
 {
+    // A unit attribute of 120 characters: its start tag is longer than the
+    // report's tags may be, so the document would be cut short.
+    DetailTestBundle bundle;
+    writeBytes(std::string(std::getenv("QZCSVCONVXML_BUNDLE")) + "/AccountTitle/HOI010_4.0_vld.xml",
+               R"(<definition><report id="HOI010" reportId="HOI010" reportVR="4.0" columnNum="4" maxOccurs="100">
+                    <item id="rows" parent="HOI010" meisaiGoukei="0"/>
+                    <item id="area" parent="rows" column="3" unit="1" meisaiGoukei="0"/></report></definition>)");
     TempDir dir;
-    // A unit of 40 characters: a warning for the check, a start tag longer
-    // than the report's tags may be.
-    const std::string unit(120, 'm');
-    writeShiftJis(dir.file("HOI070_5.0.csv"),
-                  "HOI070,0,土地,工場,2480," + unit + ",東京都大田区下丸子四丁目30番7号,186000000,,,,,,,,,,,\r\n");
+    writeShiftJis(dir.file("HOI010_4.0.csv"), "HOI010,0,2480," + std::string(120, 'm') + "\r\n");
     writeBytes(dir.file("report.xml"), "old");
-    const ToolRun run = runTool(kBundle + " --json report -o " + dir.file("report.xml") + " " +
-                                dir.file("HOI070_5.0.csv") + " 5.0");
+    const ToolRun run = runTool("--json report -o " + dir.file("report.xml") + " " + dir.file("HOI010_4.0.csv") + " 4.0");
     EXPECT_EQ(run.status, 1);
     const json answer = run.json();
     EXPECT_EQ(answer["Report"], "");
-    EXPECT_EQ(answer["Conformity"], 2);
+    EXPECT_EQ(answer["Conformity"], 1);
     EXPECT_EQ(answer["Verdict"], "failed");
     EXPECT_EQ(answer["Entries"].back()["Code"], kReportNotWellFormed);
     EXPECT_EQ(readBytes(dir.file("report.xml")), "old");
 
-    const ToolRun rowKind = runTool(kBundle + " --lang en report " + kExamples + "detail/HOI010_4.0_row_kind.csv 4.0");
+    const ToolRun rowKind = runTool(kBundle + " --lang en report " + kExamples + "detail/with-errors/HOI010_4.0_預貯金等_フォーマット区分.csv 4.0");
     EXPECT_EQ(rowKind.status, 1);
     EXPECT_EQ(rowKind.out.rfind("Note: No report XML was produced", 0), 0u) << rowKind.out;
 }
@@ -268,8 +270,8 @@ TEST(Tool, CommandLineConventions)
               std::string::npos);
 
     // A CSV file on standard input answers as the file itself.
-    const std::string errors = kExamples + "detail/HOI010_4.0_errors.csv";
-    json piped = runTool(kBundle + " --json detail2 - 4.0 < " + errors).json();
+    const std::string errors = kExamples + "detail/with-errors/HOI010_4.0_預貯金等.csv";
+    json piped = runTool(kBundle + " --json --name HOI010_4.0.csv detail2 - 4.0 < " + errors).json();
     json named = runTool(kBundle + " --json detail2 " + errors + " 4.0").json();
     EXPECT_EQ(piped["DetailErrorInfo"], named["DetailErrorInfo"]);
     EXPECT_EQ(piped["Entries"][0]["File"], "-");
