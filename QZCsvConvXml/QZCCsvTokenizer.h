@@ -17,6 +17,9 @@
 // The readers differ at the end of the text: a record that has no field yet
 // and an empty field end the text without a record, but the statements
 // reader keeps such a record when the text ends inside a quoted field.
+//
+// A field is handed over as a view of the text; only a quoted field that goes
+// on after its closing quote (a blank before the line end) is copied.
 class QZCCsvTokenizer {
 public:
     enum class QuotedEnd { DropsEmptyRecord, KeepsRecord };
@@ -40,9 +43,6 @@ private:
 template <class OnField>
 bool QZCCsvTokenizer::Split(std::string_view text, QuotedEnd quotedEnd, OnField&& onField)
 {
-    // A field is the span from `start` to the current position; a quoted
-    // field that goes on after its closing quote (a blank before the line
-    // end) is joined in `joined`, the only case that copies.
     std::string joined;
     std::string_view closedPart;
     bool closed = false;
