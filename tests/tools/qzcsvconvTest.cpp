@@ -204,22 +204,30 @@ TEST(Tool, HintsAndFindingsWhereTheCodeAloneMisleads)
 
 TEST(Tool, ReportIsWellFormedOrNotHandedOut)
 {
-    TempDir dir;
-    // A unit of 40 characters: a warning for the check, a start tag longer
-    // than the report's tags may be.
-    const std::string unit(120, 'm');
-    writeShiftJis(dir.file("HOI070_5.0.csv"),
-                  "HOI070,0,土地,工場,2480," + unit + ",東京都大田区下丸子四丁目30番7号,186000000,,,,,,,,,,,\r\n");
-    writeBytes(dir.file("report.xml"), "old");
-    const ToolRun run = runTool(kBundle + " --json report -o " + dir.file("report.xml") + " " +
-                                dir.file("HOI070_5.0.csv") + " 5.0");
-    EXPECT_EQ(run.status, 1);
-    const json answer = run.json();
-    EXPECT_EQ(answer["Report"], "");
-    EXPECT_EQ(answer["Conformity"], 2);
-    EXPECT_EQ(answer["Verdict"], "failed");
-    EXPECT_EQ(answer["Entries"].back()["Code"], kReportNotWellFormed);
-    EXPECT_EQ(readBytes(dir.file("report.xml")), "old");
+    // A unit of 120 bytes: a warning for the check, a start tag that the
+    // report cuts at 99 bytes; a unit on an element that the page's
+    // container tags repeat.
+    DetailTestBundle bundle;
+    writeBytes(std::string(std::getenv("QZCSVCONVXML_BUNDLE")) + "/AccountTitle/HOI010_4.0_vld.xml",
+               R"(<definition><report id="HOI010" reportId="HOI010" reportVR="4.0" columnNum="4" maxOccurs="9" )"
+               R"(bracketed="1" sibling="1"><item id="bank" parent="HOI010" column="3" unit="1" meisaiGoukei="0"/>)"
+               "</report></definition>");
+    const std::string cases[] = {
+        bundle.Csv("HOI070_5.0.csv", "HOI070,0,土地,工場,2480," + std::string(120, 'm') +
+                                         ",東京都大田区下丸子四丁目30番7号,186000000,,,,,,,,,,,\r\n") + " 5.0",
+        bundle.Csv("HOI010_4.0.csv", "HOI010,0,みなと銀行,円\r\n") + " 4.0",
+    };
+    const std::string target = bundle.Path("report.xml");
+    for (const std::string& csv : cases) {
+        writeBytes(target, "old");
+        const ToolRun run = runTool("--json report -o " + target + " " + csv);
+        EXPECT_EQ(run.status, 1) << csv;
+        const json answer = run.json();
+        EXPECT_EQ(answer["Report"], "") << csv;
+        EXPECT_EQ(answer["Verdict"], "failed") << csv;
+        EXPECT_EQ(answer["Entries"].back()["Code"], kReportNotWellFormed) << csv;
+        EXPECT_EQ(readBytes(target), "old") << csv;
+    }
 
     const ToolRun rowKind = runTool(kBundle + " --lang en report " + kExamples + "detail/HOI010_4.0_row_kind.csv 4.0");
     EXPECT_EQ(rowKind.status, 1);
