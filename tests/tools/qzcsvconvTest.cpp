@@ -1,6 +1,7 @@
 // The command-line tool as people and scripts use it: exit statuses, the
 // entries of its answers, its hints and its command line.
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iterator>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -200,6 +202,23 @@ TEST(Tool, HintsAndFindingsWhereTheCodeAloneMisleads)
     // The UTF-8 hint is the first line of the report.
     const ToolRun text = runTool("--lang en detail2 " + dir.file("HOI010_4.0.csv") + " 4.0");
     EXPECT_EQ(text.out.rfind("Note: " + dir.file("HOI010_4.0.csv") + " is UTF-8 text", 0), 0u) << text.out;
+}
+
+TEST(Tool, NamesAStatementsFileItCannotRead)
+{
+    TempDir dir;
+    ::chmod(dir.path().c_str(), 0755);
+    for (const char* name : {"HOT010_3.0_BS.csv", "HOT010_3.0_PL.csv"})
+        std::filesystem::copy_file(kExamples + "financial-statements/" + name, dir.file(name));
+    ::chmod(dir.file("HOT010_3.0_PL.csv").c_str(), 0);
+    // Root reads any file: the tool then runs as nobody.
+    const std::string caller = ::geteuid() == 0 ? "setpriv --reuid=nobody --regid=nogroup --clear-groups" : "";
+    if (!caller.empty() && std::system((caller + " true").c_str()) != 0)
+        GTEST_SKIP() << "cannot run the tool as nobody (setpriv)";
+    const json answer = runTool(kBundle + " --json xbrl " + dir.path() + " 3.0", "", caller).json();
+    EXPECT_EQ(answer["Result"], "E_FAIL");
+    EXPECT_EQ(answer["Entries"].back()["File"], dir.file("HOT010_3.0_PL.csv"));
+    EXPECT_EQ(answer["Entries"].back()["Code"], kUnreadableFile);
 }
 
 TEST(Tool, ReportIsWellFormedOrNotHandedOut)
