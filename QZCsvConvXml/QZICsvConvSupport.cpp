@@ -1,5 +1,7 @@
 #include "QZICsvConvSupport.h"
 
+#include <unicode/ustring.h>
+
 #include "QZCCsvFile.h"
 #include "QZCDOMParser.h"
 #include "QZCErrorInfo.h"
@@ -47,13 +49,30 @@ std::optional<std::string> QZICsvConvSupport::Utf8ToShiftJIS(const std::string& 
     return QZCMacOSNative::utf8ToSjis(text);
 }
 
-std::vector<std::vector<std::string>> QZICsvConvSupport::ReadCsvRecords(const std::string& path)
+std::optional<std::string> QZICsvConvSupport::TextToUtf8(const std::string& bytes)
+{
+    const std::string_view bom = "\xEF\xBB\xBF";
+    std::string_view text = bytes;
+    if (text.substr(0, bom.size()) == bom)
+        text.remove_prefix(bom.size());
+    UErrorCode status = U_ZERO_ERROR;
+    int32_t length = 0;
+    u_strFromUTF8(nullptr, 0, &length, text.data(), static_cast<int32_t>(text.size()), &status);
+    if (status != U_INVALID_CHAR_FOUND && status != U_ILLEGAL_CHAR_FOUND)
+        return std::string(text);
+    return ShiftJISToUtf8(bytes);
+}
+
+std::vector<std::vector<std::string>> QZICsvConvSupport::ParseCsv(const std::string& text)
 {
     QZCCsvFile csv;
-    const std::string text = QZCMacOSNative::readSJISFile(path.c_str());
-    if (!text.empty())
-        csv.ParseCsvData(text.c_str());
+    csv.ParseCsvData(text.c_str());
     return csv.GetCSVData();
+}
+
+std::vector<std::vector<std::string>> QZICsvConvSupport::ReadCsvRecords(const std::string& path)
+{
+    return ParseCsv(QZCMacOSNative::readSJISFile(path.c_str()));
 }
 
 bool QZICsvConvSupport::IsWellFormedXml(const std::string& text)

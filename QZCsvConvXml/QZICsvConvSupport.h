@@ -39,6 +39,15 @@ public:
     // nullopt for bytes or characters without a form in the other encoding.
     static std::optional<std::string> ShiftJISToUtf8(const std::string& bytes);
     static std::optional<std::string> Utf8ToShiftJIS(const std::string& text);
+    // The text of a file that a spreadsheet saved, in UTF-8: the bytes as
+    // they are (a byte order mark dropped) when they are valid UTF-8, else
+    // read as Shift_JIS; nullopt when they are neither.
+    static std::optional<std::string> TextToUtf8(const std::string& bytes);
+
+    // The lines of a comma-separated UTF-8 text and their fields, split,
+    // unquoted and trimmed as the library reads statement files and code
+    // lists.
+    static std::vector<std::vector<std::string>> ParseCsv(const std::string& text);
 
     // The lines of a CSV file as the library splits them (Shift_JIS on disk,
     // fields trimmed); empty for a file that cannot be read or is not

@@ -16,6 +16,7 @@
 #include <CLI/CLI.hpp>
 
 #include "Commands.h"
+#include "ImportCodes.h"
 #include "QZICsvConvSupport.h"
 #include "QZICsvConvXML.h"
 #include "TextReport.h"
@@ -88,7 +89,7 @@ int run(int argc, char** argv)
     app.add_option("--lang", lang, "Language of the report and of the messages (default from the locale)")
         ->check(CLI::IsMember({"ja", "en"}));
 
-    std::vector<std::string> arguments(2);
+    std::vector<std::string> arguments(3);
     auto addCommand = [&](const char* name, const char* description, const char* first, const char* firstHelp,
                           const char* second, const char* secondHelp) {
         CLI::App* command = app.add_subcommand(name, description);
@@ -109,6 +110,11 @@ int run(int argc, char** argv)
     addCommand("report", "Check a detail statement or appended table and print its report XML", "CSV",
                "CSV file, - for standard input", "STYLE_VERSION", "Style version, such as 4.0")
         ->add_option("-o,--output", call.output, "Write the report XML to this file instead of standard output");
+    addCommand("import-codes", "Turn a public account list into a code list of the bundle", "KIND",
+               "Statement kind: BS, PL, SC, SS, SE, SR or NT", "PUBLIC_LIST",
+               "The public account list saved as CSV (Shift_JIS or UTF-8)")
+        ->add_option("OUT", arguments[2], "Code list file to write")
+        ->required();
 
     try {
         app.parse(argc, argv);
@@ -131,8 +137,11 @@ int run(int argc, char** argv)
     if (!bundle.empty())
         ::setenv(QZICsvConvSupport::BundleVariable(), bundle.c_str(), 1);
     call.command = app.get_subcommands().front()->get_name();
-    call.arguments = arguments;
     call.language = lang == "en" ? Language::English : Language::Japanese;
+    if (call.command == "import-codes")
+        return ImportCodes(arguments[0], arguments[1], arguments[2], json, call.language);
+    arguments.pop_back();
+    call.arguments = arguments;
     const Json answer = runCommand(call);
     if (json) {
         std::cout << answer.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
