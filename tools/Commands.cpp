@@ -57,20 +57,25 @@ std::optional<std::string> readData(const std::string& path)
 }
 
 // A CSV file read from standard input, kept under the name the library
-// needs: the form code of its first field, "_", the style version, ".csv".
+// needs: the one given with --name or else, for files whose first field is
+// the form code, that code, "_", the style version, ".csv".
 class StandardInputFile {
 public:
-    StandardInputFile(const std::string& styleVersion)
+    StandardInputFile(const std::string& name, const std::string& styleVersion)
     {
         const std::string data = *readData("-");
-        std::string reportId = data.substr(0, data.find_first_of(",(\r\n"));
-        if (reportId.empty() || reportId.find('/') != std::string::npos)
-            reportId = "stdin";
+        std::string fileName = fs::path(name).filename().string();
+        if (fileName.empty()) {
+            std::string reportId = data.substr(0, data.find_first_of(",(\r\n"));
+            if (reportId.empty() || reportId.find('/') != std::string::npos)
+                reportId = "stdin";
+            fileName = reportId + "_" + styleVersion + ".csv";
+        }
         char folder[] = "/tmp/qzcsvconv.XXXXXX";
         if (!::mkdtemp(folder))
             throw UsageError("cannot keep standard input in a temporary folder");
         m_folder = folder;
-        m_path = (m_folder / (reportId + "_" + styleVersion + ".csv")).string();
+        m_path = (m_folder / fileName).string();
         if (!QZICsvConvSupport::WriteFile(m_path, data))
             throw UsageError("cannot keep standard input in " + m_path);
     }
@@ -153,7 +158,7 @@ void runDetail(const Invocation& call, Json& answer, Findings& findings)
     const std::string& version = call.arguments[1];
     std::optional<StandardInputFile> input;
     if (file == "-")
-        input.emplace(version);
+        input.emplace(call.inputName, version);
     const std::string& path = input ? input->path() : file;
 
     QZICsvConvXML library;

@@ -16,6 +16,8 @@ struct Invocation {
     std::vector<std::string> arguments;
     // report -o: the file the report XML goes to.
     std::string output;
+    // --name: the file name a CSV file on standard input is checked under.
+    std::string inputName;
     Language language = Language::Japanese;
 };
 

@@ -229,7 +229,12 @@ std::string htmlPage(const Json& answers, Language language)
                 cell("td", std::to_string(answer["Entries"].size())) + "</tr>";
     }
     page += "</table>";
-    for (size_t i = 0; i < answers.size(); ++i)
-        writeAnswer(page, answers[i], i + 1, language);
+    // The inputs that failed first, then those with findings, then the clean ones.
+    for (const char* verdict : {"failed", "findings", "clean"}) {
+        for (size_t i = 0; i < answers.size(); ++i) {
+            if (textOf(answers[i]["Verdict"]) == verdict)
+                writeAnswer(page, answers[i], i + 1, language);
+        }
+    }
     return page + "</body></html>\n";
 }

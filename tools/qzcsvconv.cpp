@@ -94,6 +94,8 @@ int run(int argc, char** argv)
     app.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
     app.add_option("--bundle", bundle, "Resource bundle folder to use instead of the installed one");
     app.add_flag("--json", json, "Print one JSON object: the result's properties, Valid, Summary, Entries, Hints");
+    app.add_option("--name", call.inputName,
+                   "File name to check a CSV file on standard input under, such as HOI010_4.0_bank.csv");
     app.add_option("--lang", lang, "Language of the report and of the messages (default from the locale)")
         ->check(CLI::IsMember({"ja", "en"}));
     std::string html;

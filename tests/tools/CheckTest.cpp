@@ -36,7 +36,7 @@ TEST(Check, AnswersEveryExampleAsItsOwnCommandDoes)
         EXPECT_EQ(runTool(arguments).json(), answer) << arguments;
         commands.insert(answer["Command"].get<std::string>());
     }
-    EXPECT_EQ(commands, std::set<std::string>({"xbrl", "detail2", "appended"}));
+    EXPECT_EQ(commands, std::set<std::string>({"xbrl", "detail", "detail2", "appended"}));
     const json& summary = check["Summary"];
     EXPECT_EQ(summary["Inputs"], check["Answers"].size());
     EXPECT_EQ(summary["Clean"].get<size_t>() + summary["WithFindings"].get<size_t>() + summary["Failed"].get<size_t>(),
@@ -48,8 +48,9 @@ TEST(Check, KeepsTheOrderOfItsInputsWhateverTheWorkers)
     TempDir dir;
     writeBytes(dir.file("notes.csv"), "a,b\r\n");
     const std::string detail = kExamples + "/detail/";
-    const std::string list = detail + "HOI110_3.0.csv\n" + dir.file("notes.csv") + "\n" + kExamples +
-                             "/financial-statements\n\n" + detail + "HOB016_6.0.csv\n" + dir.file("missing.csv") + "\n";
+    const std::string list = detail + "HOI110_3.0_借入金.csv\n" + dir.file("notes.csv") + "\n" + kExamples +
+                             "/financial-statements\n\n" + detail + "HOB016_6.0_控除所得税額.csv\n" +
+                             dir.file("missing.csv") + "\n";
     writeBytes(dir.file("list.txt"), list);
     const ToolRun one = runTool(kBundle + " --json check -j 1 - < " + dir.file("list.txt"));
     const ToolRun two = runTool(kBundle + " --json check -j 3 - < " + dir.file("list.txt"));
@@ -57,7 +58,7 @@ TEST(Check, KeepsTheOrderOfItsInputsWhateverTheWorkers)
     json answers = one.json()["Answers"];
     ASSERT_EQ(answers.size(), 5u) << one.out;
     EXPECT_EQ(answers, two.json()["Answers"]);
-    EXPECT_EQ(answers[0]["Arguments"], json({detail + "HOI110_3.0.csv", "3.0"}));
+    EXPECT_EQ(answers[0]["Arguments"], json({detail + "HOI110_3.0_借入金.csv", "3.0"}));
     EXPECT_EQ(answers[1]["Command"], "unknown");
     EXPECT_EQ(answers[1]["Entries"][0]["Code"], kUnknownForm);
     EXPECT_EQ(answers[2]["Command"], "xbrl");
@@ -65,7 +66,7 @@ TEST(Check, KeepsTheOrderOfItsInputsWhateverTheWorkers)
     EXPECT_EQ(answers[4]["Verdict"], "failed");
     EXPECT_EQ(one.json()["Summary"]["Failed"], 2);
 
-    const ToolRun text = runTool(kBundle + " --lang en check " + detail + "HOI110_3.0.csv");
+    const ToolRun text = runTool(kBundle + " --lang en check " + detail + "HOI110_3.0_借入金.csv");
     EXPECT_EQ(text.status, 0);
     EXPECT_NE(text.out.find("Inputs checked: 1 ("), std::string::npos) << text.out;
     EXPECT_NE(text.out.find("clean: 1, with findings: 0, failed: 0\n"), std::string::npos) << text.out;
@@ -98,13 +99,13 @@ TEST(Check, HtmlPageOpensInABrowserWithTheRightCellsMarked)
     EXPECT_NE(dom.find("can be converted with warnings"), std::string::npos);
     EXPECT_NE(dom.find("every file can become XBRL"), std::string::npos);
     // The marked cells of the errors example's data table.
-    const size_t start = dom.find("<summary>" + kExamples + "/detail/HOI010_4.0_errors.csv</summary>");
+    const size_t start = dom.find("<summary>" + kExamples + "/detail/with-errors/HOI010_4.0_預貯金等.csv</summary>");
     ASSERT_NE(start, std::string::npos);
     const std::string table = dom.substr(start, dom.find("</details>", start) - start);
     std::set<std::string> marked;
     for (size_t at = 0; (at = table.find("data-at=\"", at)) != std::string::npos; at += 9)
         marked.insert(table.substr(at + 9, table.find('"', at + 9) - at - 9));
-    EXPECT_EQ(marked, std::set<std::string>({"2,3", "3,8", "4,7", "5,5"}));
+    EXPECT_EQ(marked, std::set<std::string>({"1,4", "2,6", "3,7", "4,3", "5,7", "6,3"}));
 
     const std::string screenshot = std::filesystem::current_path() / "check-report.png";
     EXPECT_EQ(std::system((browser + "--window-size=1280,1400 --screenshot=" + quoted(screenshot) + " file://" +

@@ -57,13 +57,13 @@ TEST(Tool, ExitStatusFollowsTheVerdict)
         {"--json xbrl " + dir.file("empty") + " 3.0", 1},
         {"--json xbrl " + dir.file("bad-names") + " 3.0", 1},
         {"--json --bundle /nonexistent xbrl " + kExamples + "financial-statements 3.0", 1},
-        {"--json detail2 " + kExamples + "detail/HOI010_4.0.csv 4.0", 0},
-        {"--json detail2 " + kExamples + "detail/HOI010_4.0_errors.csv 4.0", 1},
-        {"--json detail2 " + kExamples + "detail/HOI010_4.0.csv 1.0", 1},
-        {"--json detail " + kExamples + "detail/HOI010_4.0.csv 4.0", 1},
-        {"--json appended " + kExamples + "detail/HOB016_6.0.csv 6.0", 0},
-        {"--json report " + kExamples + "detail/HOI110_3.0.csv 3.0", 0},
-        {"--json report " + kExamples + "detail/HOI010_4.0_row_kind.csv 4.0", 1},
+        {"--json detail2 " + kExamples + "detail/HOI010_4.0_預貯金等.csv 4.0", 0},
+        {"--json detail2 " + kExamples + "detail/with-errors/HOI010_4.0_預貯金等.csv 4.0", 1},
+        {"--json detail2 " + kExamples + "detail/HOI010_4.0_預貯金等.csv 1.0", 1},
+        {"--json detail " + kExamples + "detail/HOI010_4.0_預貯金等.csv 4.0", 1},
+        {"--json appended " + kExamples + "detail/HOB016_6.0_控除所得税額.csv 6.0", 0},
+        {"--json report " + kExamples + "detail/HOI110_3.0_借入金.csv 3.0", 0},
+        {"--json report " + kExamples + "detail/with-errors/HOI010_4.0_預貯金等_フォーマット区分.csv 4.0", 1},
         {"--json write " + dir.file("out.csv") + " " + dir.file("data.txt"), 0},
         {"--json write " + dir.file("missing/out.csv") + " " + dir.file("data.txt"), 1},
         {"", 2},
@@ -176,7 +176,7 @@ TEST(Tool, HintsAndFindingsWhereTheCodeAloneMisleads)
         {"xbrl " + dir.file("special") + " 3.0", kEmptyFile, 0, "", ""},
         {"xbrl " + dir.file("special") + " 3.0", kSpecialFile, 0, "", ""},
         {"write " + dir.file("out.csv") + " " + dir.file("write.txt"), kNoShiftJisForm, 2, "〜 (U+301C)", ""},
-        {"--bundle /nonexistent detail2 " + kExamples + "detail/HOI010_4.0.csv 4.0", "", 0, "",
+        {"--bundle /nonexistent detail2 " + kExamples + "detail/HOI010_4.0_預貯金等.csv 4.0", "", 0, "",
          "looked in: /nonexistent"},
     };
     for (const auto& test : cases) {
@@ -223,18 +223,22 @@ TEST(Tool, NamesAStatementsFileItCannotRead)
 
 TEST(Tool, ReportIsWellFormedOrNotHandedOut)
 {
-    // A unit of 120 bytes: a warning for the check, a start tag that the
-    // report cuts at 99 bytes; a unit on an element that the page's
-    // container tags repeat.
+    // Forms of their own: a unit attribute of 120 characters, whose start tag
+    // the report cuts short; a unit on an element that the page's container
+    // tags repeat.
     DetailTestBundle bundle;
-    writeBytes(std::string(std::getenv("QZCSVCONVXML_BUNDLE")) + "/AccountTitle/HOI010_4.0_vld.xml",
-               R"(<definition><report id="HOI010" reportId="HOI010" reportVR="4.0" columnNum="4" maxOccurs="9" )"
-               R"(bracketed="1" sibling="1"><item id="bank" parent="HOI010" column="3" unit="1" meisaiGoukei="0"/>)"
+    const std::string folder = std::string(std::getenv("QZCSVCONVXML_BUNDLE")) + "/AccountTitle/";
+    writeBytes(folder + "HOI010_4.0_vld.xml",
+               R"(<definition><report id="HOI010" reportId="HOI010" reportVR="4.0" columnNum="4" maxOccurs="100">
+                    <item id="rows" parent="HOI010" meisaiGoukei="0"/>
+                    <item id="area" parent="rows" column="3" unit="1" meisaiGoukei="0"/></report></definition>)");
+    writeBytes(folder + "HOI020_4.0_vld.xml",
+               R"(<definition><report id="HOI020" reportId="HOI020" reportVR="4.0" columnNum="4" maxOccurs="9" )"
+               R"(sibling="1"><item id="bank" parent="HOI020" column="3" unit="1" meisaiGoukei="0"/>)"
                "</report></definition>");
     const std::string cases[] = {
-        bundle.Csv("HOI070_5.0.csv", "HOI070,0,土地,工場,2480," + std::string(120, 'm') +
-                                         ",東京都大田区下丸子四丁目30番7号,186000000,,,,,,,,,,,\r\n") + " 5.0",
-        bundle.Csv("HOI010_4.0.csv", "HOI010,0,みなと銀行,円\r\n") + " 4.0",
+        bundle.Csv("HOI010_4.0.csv", "HOI010,0,2480," + std::string(120, 'm') + "\r\n") + " 4.0",
+        bundle.Csv("HOI020_4.0.csv", "HOI020,0,みなと銀行,円\r\n") + " 4.0",
     };
     const std::string target = bundle.Path("report.xml");
     for (const std::string& csv : cases) {
@@ -243,12 +247,13 @@ TEST(Tool, ReportIsWellFormedOrNotHandedOut)
         EXPECT_EQ(run.status, 1) << csv;
         const json answer = run.json();
         EXPECT_EQ(answer["Report"], "") << csv;
+        EXPECT_EQ(answer["Conformity"], 1) << csv;
         EXPECT_EQ(answer["Verdict"], "failed") << csv;
         EXPECT_EQ(answer["Entries"].back()["Code"], kReportNotWellFormed) << csv;
         EXPECT_EQ(readBytes(target), "old") << csv;
     }
 
-    const ToolRun rowKind = runTool(kBundle + " --lang en report " + kExamples + "detail/HOI010_4.0_row_kind.csv 4.0");
+    const ToolRun rowKind = runTool(kBundle + " --lang en report " + kExamples + "detail/with-errors/HOI010_4.0_預貯金等_フォーマット区分.csv 4.0");
     EXPECT_EQ(rowKind.status, 1);
     EXPECT_EQ(rowKind.out.rfind("Note: No report XML was produced", 0), 0u) << rowKind.out;
 }
@@ -295,8 +300,8 @@ TEST(Tool, CommandLineConventions)
               std::string::npos);
 
     // A CSV file on standard input answers as the file itself.
-    const std::string errors = kExamples + "detail/HOI010_4.0_errors.csv";
-    json piped = runTool(kBundle + " --json detail2 - 4.0 < " + errors).json();
+    const std::string errors = kExamples + "detail/with-errors/HOI010_4.0_預貯金等.csv";
+    json piped = runTool(kBundle + " --json --name HOI010_4.0.csv detail2 - 4.0 < " + errors).json();
     json named = runTool(kBundle + " --json detail2 " + errors + " 4.0").json();
     EXPECT_EQ(piped["DetailErrorInfo"], named["DetailErrorInfo"]);
     EXPECT_EQ(piped["Entries"][0]["File"], "-");
