@@ -50,9 +50,8 @@ const char* const kFooter = R"(Examples:
       check a detail statement or appended table and write its report XML
   printf 'HOI010,0,みなと銀行,1200000\r\n' | qzcsvconv write HOI010_4.0.csv -
       write UTF-8 text as a Shift_JIS CSV file
-  qzcsvconv --json --lang en detail2 - 4.0 < HOI010_4.0.csv
-      a CSV file on standard input ("-"): its name is made of its first field
-      and the style version
+  qzcsvconv --json --lang en --name HOI010_4.0.csv detail2 - 4.0 < bank.csv
+      a CSV file on standard input ("-"), checked under the name --name gives
   qzcsvconv check --html filing.html filing/ HOB016_6.0.csv
       check every file and folder of a filing in parallel, each by the command
       its file name belongs to, and show it as a page with the errors marked
