@@ -5,6 +5,7 @@
 #include "QZCCsvFile.h"
 #include "QZCDOMParser.h"
 #include "QZCErrorInfo.h"
+#include "QZCFileWriter.h"
 #include "QZCLoadResource.h"
 #include "QZCMacOSNative.h"
 #include "QZCUtility.h"
@@ -36,7 +37,7 @@ std::optional<QZICsvConvSupport::DetailMessage> QZICsvConvSupport::FindDetailMes
 
 bool QZICsvConvSupport::WriteFile(const std::string& path, const std::string& bytes)
 {
-    return QZCMacOSNative::writeFile(path.c_str(), bytes);
+    return QZCFileWriter::Write(path.c_str(), bytes);
 }
 
 std::optional<std::string> QZICsvConvSupport::ShiftJISToUtf8(const std::string& bytes)
