@@ -17,12 +17,14 @@
 
 #include <unicode/calendar.h>
 #include <unicode/smpdtfmt.h>
+#include <unicode/timezone.h>
 #include <unicode/uchar.h>
 #include <unicode/ucnv.h>
 #include <unicode/unistr.h>
 #include <unicode/utf16.h>
 #include <unicode/utf8.h>
 
+#include "QZCFileWriter.h"
 #include "QZCLoadResource.h"
 
 namespace {
@@ -116,43 +118,6 @@ size_t expectedUtf8Size(size_t sjisSize)
     return sjisSize + sjisSize / 2;
 }
 
-// Permissions of a newly created file: read and write for all, less the umask.
-mode_t newFileMode()
-{
-    static const mode_t mask = [] {
-        mode_t current = ::umask(0);
-        ::umask(current);
-        return current;
-    }();
-    return 0666 & ~mask;
-}
-
-// Writes the bytes to a temporary file in the target's folder and renames it
-// over the target, so the target holds either its old or its new content.
-bool replaceFileAtomically(const std::string& path, const std::string& bytes, const struct stat* existing)
-{
-    std::string temporary = path + ".XXXXXX";
-    int fd = ::mkstemp(temporary.data());
-    if (fd < 0)
-        return false;
-    bool ok = true;
-    for (size_t done = 0; ok && done < bytes.size();) {
-        ssize_t written = ::write(fd, bytes.data() + done, bytes.size() - done);
-        if (written < 0 && errno == EINTR)
-            continue;
-        ok = written > 0;
-        if (ok)
-            done += static_cast<size_t>(written);
-    }
-    mode_t mode = existing ? (existing->st_mode & 07777) : newFileMode();
-    ok = ok && ::fchmod(fd, mode) == 0 && ::fsync(fd) == 0;
-    ok = (::close(fd) == 0) && ok;
-    ok = ok && ::rename(temporary.c_str(), path.c_str()) == 0;
-    if (!ok)
-        ::unlink(temporary.c_str());
-    return ok;
-}
-
 // Cached date formatters, created on first use.
 std::unique_ptr<icu::SimpleDateFormat> gDateTimeFormat[4];
 
@@ -217,6 +182,9 @@ void createDateFormatter(int index)
     if (U_FAILURE(status))
         return;
     formatter->setLenient(false);
+    // A calendar date is judged on its own: in a local zone a day whose
+    // midnight was skipped by summer time would not exist.
+    formatter->setTimeZone(*icu::TimeZone::getGMT());
     gDateTimeFormat[index] = std::move(formatter);
 }
 
@@ -359,36 +327,14 @@ std::string QZCMacOSNative::readSJISFile(const char* path)
 
 bool QZCMacOSNative::writeSJISFile(const char* path, const std::string& text, bool utf8)
 {
-    if (!path || !*path)
-        return false;
     std::optional<std::string> bytes;
     if (utf8)
         bytes = utf8ToSjis(text);
     else if (sjisToUtf8(text))
         bytes = text;
-    struct stat existing;
-    bool exists = ::stat(path, &existing) == 0;
-    if (exists && S_ISDIR(existing.st_mode))
-        return false;
-    if (!bytes) {
-        // Data without a Shift_JIS form: an existing file keeps its content,
-        // a new one is created empty.
-        if (exists)
-            return false;
-        bytes.emplace();
-    }
-    return replaceFileAtomically(path, *bytes, exists ? &existing : nullptr);
-}
-
-bool QZCMacOSNative::writeFile(const char* path, const std::string& bytes)
-{
-    if (!path || !*path)
-        return false;
-    struct stat existing;
-    bool exists = ::stat(path, &existing) == 0;
-    if (exists && S_ISDIR(existing.st_mode))
-        return false;
-    return replaceFileAtomically(path, bytes, exists ? &existing : nullptr);
+    // Data without a Shift_JIS form: a new file is created empty, an existing
+    // one keeps its content.
+    return bytes ? QZCFileWriter::Write(path, *bytes) : QZCFileWriter::CreateEmpty(path);
 }
 
 std::string QZCMacOSNative::dateTimeNow(const char* datePattern, const char* timePattern)

@@ -23,8 +23,6 @@ public:
     static bool pathFileIsRead(const char* path);
     static std::string readSJISFile(const char* path);
     static bool writeSJISFile(const char* path, const std::string& text, bool utf8);
-    // Replaces the file's content with the bytes: complete or as it was.
-    static bool writeFile(const char* path, const std::string& bytes);
 
     static std::string dateTimeNow(const char* datePattern, const char* timePattern);
     static bool dateTimeChange(const char* text);

@@ -148,6 +148,20 @@ const UnitTable& fylaUnits()
 
 }  // namespace
 
+int64_t QZCUtility::LeadingDigits(std::string_view text)
+{
+    int64_t value = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9')
+            break;
+        const int digit = c - '0';
+        if (value > (INT64_MAX - digit) / 10)
+            return INT64_MAX;
+        value = value * 10 + digit;
+    }
+    return value;
+}
+
 bool QZCUtility::IsFylaAvailableString(const char* text)
 {
     if (!text)

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // The process-wide error list and the record count that sets the width of
@@ -64,6 +65,10 @@ public:
     static void AddOtherExceptionErrorInfo();
     static void ClearErrorInfo();
     static std::string GetError();
+
+    // The number its leading decimal digits write, 0 when the text does not
+    // start with a digit (so "+5" and " 5" are 0); INT64_MAX when it is larger.
+    static int64_t LeadingDigits(std::string_view text);
 
     // Characters the e-filing service accepts (UTF-8 text; null or empty passes).
     static bool IsFylaAvailableString(const char* text);

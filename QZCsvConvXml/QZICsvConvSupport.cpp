@@ -1,6 +1,11 @@
 #include "QZICsvConvSupport.h"
 
+#include <unicode/ustring.h>
+
+#include "QZCCsvFile.h"
+#include "QZCDOMParser.h"
 #include "QZCErrorInfo.h"
+#include "QZCFileWriter.h"
 #include "QZCLoadResource.h"
 #include "QZCMacOSNative.h"
 #include "QZCUtility.h"
@@ -32,7 +37,7 @@ std::optional<QZICsvConvSupport::DetailMessage> QZICsvConvSupport::FindDetailMes
 
 bool QZICsvConvSupport::WriteFile(const std::string& path, const std::string& bytes)
 {
-    return QZCMacOSNative::writeFile(path.c_str(), bytes);
+    return QZCFileWriter::Write(path.c_str(), bytes);
 }
 
 std::optional<std::string> QZICsvConvSupport::ShiftJISToUtf8(const std::string& bytes)
@@ -43,6 +48,38 @@ std::optional<std::string> QZICsvConvSupport::ShiftJISToUtf8(const std::string& 
 std::optional<std::string> QZICsvConvSupport::Utf8ToShiftJIS(const std::string& text)
 {
     return QZCMacOSNative::utf8ToSjis(text);
+}
+
+std::optional<std::string> QZICsvConvSupport::TextToUtf8(const std::string& bytes)
+{
+    const std::string_view bom = "\xEF\xBB\xBF";
+    std::string_view text = bytes;
+    if (text.substr(0, bom.size()) == bom)
+        text.remove_prefix(bom.size());
+    UErrorCode status = U_ZERO_ERROR;
+    int32_t length = 0;
+    u_strFromUTF8(nullptr, 0, &length, text.data(), static_cast<int32_t>(text.size()), &status);
+    if (status != U_INVALID_CHAR_FOUND && status != U_ILLEGAL_CHAR_FOUND)
+        return std::string(text);
+    return ShiftJISToUtf8(bytes);
+}
+
+std::vector<std::vector<std::string>> QZICsvConvSupport::ParseCsv(const std::string& text)
+{
+    QZCCsvFile csv;
+    csv.ParseCsvData(text.c_str());
+    return csv.GetCSVData();
+}
+
+std::vector<std::vector<std::string>> QZICsvConvSupport::ReadCsvRecords(const std::string& path)
+{
+    return ParseCsv(QZCMacOSNative::readSJISFile(path.c_str()));
+}
+
+bool QZICsvConvSupport::IsWellFormedXml(const std::string& text)
+{
+    QZCDOMParser parser;
+    return parser.Initialize() && parser.Parse(text.c_str(), "document", "UTF-8");
 }
 
 bool QZICsvConvSupport::IsAvailableString(const std::string& text)

@@ -41,6 +41,23 @@ public:
     // nullopt for bytes or characters without a form in the other encoding.
     static std::optional<std::string> ShiftJISToUtf8(const std::string& bytes);
     static std::optional<std::string> Utf8ToShiftJIS(const std::string& text);
+    // The text of a file that a spreadsheet saved, in UTF-8: the bytes as
+    // they are (a byte order mark dropped) when they are valid UTF-8, else
+    // read as Shift_JIS; nullopt when they are neither.
+    static std::optional<std::string> TextToUtf8(const std::string& bytes);
+
+    // The lines of a comma-separated UTF-8 text and their fields, split,
+    // unquoted and trimmed as the library reads statement files and code
+    // lists.
+    static std::vector<std::vector<std::string>> ParseCsv(const std::string& text);
+
+    // The lines of a CSV file as the library splits them (Shift_JIS on disk,
+    // fields trimmed); empty for a file that cannot be read or is not
+    // Shift_JIS. The text ends at a NUL byte, as the library reads it.
+    static std::vector<std::vector<std::string>> ReadCsvRecords(const std::string& path);
+
+    // Whether the text is a well-formed XML document for the library's parser.
+    static bool IsWellFormedXml(const std::string& text);
 
     // Whether every character of the UTF-8 text is one the service accepts.
     static bool IsAvailableString(const std::string& text);

@@ -1,38 +1,70 @@
 #!/usr/bin/env python3
-"""Builds validation definitions and clean example files from the form sources.
+"""Builds validation definitions and examples from the form sources.
 
-Each file in forms/ describes one form: its columns, its total row and the
-rows of a clean example. This script writes
+Each file in forms/ describes one form in every style version the library
+checks, and its example files. This script writes
 
-  resources/QZCsvConvXml.bundle/AccountTitle/<id>_<version>_vld.xml   (detail statements)
-  resources/QZCsvConvXml.bundle/AppendedTable/<id>_<version>_vld.xml  (appended tables)
-  examples/detail/<id>_<version>.csv                                  (Shift_JIS, CRLF)
+  resources/QZCsvConvXml.bundle/AccountTitle/<id>_<version>_vld.xml    detail statements
+  resources/QZCsvConvXml.bundle/AppendedTable/<id>_<version>_vld.xml   appended tables
+  examples/detail/<path>.csv             the examples (Shift_JIS, CRLF)
+  examples/detail/<path>.expected.json   what the tool answers for each
+  tests/DetailAccountTitle/ShippedLayouts.txt
+                                         for every version a file that fills
+                                         each column to its limits, which the
+                                         library must accept
 
 With --check it writes nothing and exits 1 when a committed file differs
 from what the sources give.
 
 Source format, one statement a line ('#' starts a comment line):
 
-  form ID VERSION detail|appended
-  title TEXT
-  report page=LINES list=ELEMENT row=ELEMENT
-  col ELEMENT LABEL KIND ARGS...
-  total ELEMENT...            amount columns that the total row carries
-  row VALUE,VALUE,...         a detail record of the example, without the
-                              format kubun and the row kind
+  form ID detail|appended TITLE
+  note TEXT                   provenance, copied into the definitions: after
+                              'form' into all of them, after 'version' into
+                              that version's
+  version V                   a style version described in full by the
+                              'table' statements that follow
+  version V from W [without ITEM...]
+                              the layout of version W, less the columns of
+                              the items named
+  table KUBUN rows=N          a table of the form: records whose first field
+                              is KUBUN, N rows to a page
+  col ITEM LABEL KIND ARGS... the next CSV column(s): ITEM is the element
+                              name in the report XML, LABEL the Japanese name
+  total ITEM...               what a total row of the table may carry; the
+                              other columns of a total row must be empty
+                              (without 'total' a total row carries nothing)
 
-Kinds (each takes one CSV column unless said otherwise):
-  name N [required] [if=ELEMENT]   text of at most N characters
-  amount [required] [signed]       whole yen, at most 15 digits
-  count [unit]                     a quantity, 12 digits; with unit the next
-                                   column holds its unit (4 characters)
-  rate                             percent, three decimals, 0 to 100
-  digits N [required]              digits with at most one hyphen, N long at most
-  code WORD... [required]          one of the words
-  date ERA...                      four columns: era code, year, month, day
-  month ERA...                     three columns: era code, year, month
+Kinds (one CSV column unless said otherwise):
+  text N                full-width text of at most N characters
+  name N                text of at most N characters, any width
+  amount [nonnegative]  whole yen: at most 15 digits, a leading minus
+                        counted in the 16 characters (or no minus at all)
+  quantity [unit=W,..]  at most 11 digits and 2 decimals; with unit the
+                        next column holds one of the words W (written as
+                        the element's unit attribute)
+  rate                  percent: at most 3 digits, a point, 3 decimals
+  digits N|=N [A-B]     half-width digits, at most (exactly) N of them,
+                        optionally between A and B
+  code WORD...          one of the words
+  date ERA...           four columns: era code, year, month, day
+  yearmonth ERA...      three columns: era code, year, month
+  year ERA...           two columns: era code, year
+Any kind takes 'required': the column must not be empty.
+
+Examples, after the versions:
+  example PATH [COMMAND]      a file under examples/detail, checked by the
+                              tool's COMMAND (default detail2, or appended)
+  row FIELDS                  a record as the file holds it
+  subtotal KUBUN TEXT         a total row of the amounts since the last total
+                              row of the table, TEXT in its first text column
+  grandtotal KUBUN TEXT       a total row of all detail rows of the table
+  expect COLUMN CODE          the entry that the last record gives
 """
 
+import csv
+import io
+import json
 import os
 import sys
 
@@ -40,281 +72,510 @@ ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 FORMS = os.path.join(ROOT, "definitions", "forms")
 BUNDLE = os.path.join(ROOT, "resources", "QZCsvConvXml.bundle")
 EXAMPLES = os.path.join(ROOT, "examples", "detail")
+LAYOUTS = os.path.join(ROOT, "tests", "DetailAccountTitle", "ShippedLayouts.txt")
 
 ERA_NAMES = {"1": "明治", "2": "大正", "3": "昭和", "4": "平成", "5": "令和"}
-AMOUNT_MAX = "999999999999999"
-AMOUNT_MIN_SIGNED = "-99999999999999"
-COUNT_MAX = "999999999999"
+# Columns of the era date kinds, the check of the whole date and the
+# element names of its parts.
+DATE_KINDS = {
+    "date": ("existdate", ["era", "yy", "mm", "dd"]),
+    "yearmonth": ("existmonth", ["era", "yy", "mm"]),
+    "year": ("existyear", ["era", "yy"]),
+}
+PART_LABELS = {"era": "元号", "yy": "年", "mm": "月", "dd": "日"}
+# The first and the last day of each era as the date checks bound it.
+ERA_BOUNDS = {"1": (["1", "23", "01", "01"], ["1", "45", "07", "29"]),
+              "2": (["2", "01", "07", "30"], ["2", "15", "12", "24"]),
+              "3": (["3", "01", "12", "25"], ["3", "64", "01", "07"]),
+              "4": (["4", "01", "01", "08"], ["4", "31", "04", "30"]),
+              "5": (["5", "01", "05", "01"], ["5", "99", "12", "31"])}
+# Full-width characters of every kind the text columns take.
+FULL_WIDTH = "全角ＡＺａｚ０９－（）、。ア漢字"
+# Codes that let a file still be converted.
+NON_BLOCKING = {"HQZ9300E", "HQZ9570E", "HQZ9580E", "HQZ9590E", "HQZ9600E", "HQZ9610E", "HQZ9620E"}
+TOTAL_GATE = '<outer column="2" id="contain" value="1" nomsg="1"/>'
+
+
+class SourceError(Exception):
+    pass
+
+
+class Column:
+    def __init__(self, item, label, kind, args):
+        self.item, self.label, self.kind = item, label, kind
+        self.required = "required" in args
+        self.args = [a for a in args if a != "required"]
+        self.unit = None
+        if kind == "quantity":
+            units = [a[5:] for a in self.args if a.startswith("unit=")]
+            self.unit = units[0].split(",") if units else None
+        if kind not in ("text", "name", "amount", "quantity", "rate", "digits", "code") and kind not in DATE_KINDS:
+            raise SourceError("unknown kind " + kind)
+        if kind in DATE_KINDS and not all(a in ERA_NAMES for a in self.args):
+            raise SourceError("%s: era codes are 1 to 5" % item)
+
+    def width(self):
+        if self.kind in DATE_KINDS:
+            return len(DATE_KINDS[self.kind][1])
+        return 2 if self.unit else 1
+
+    def is_text(self):
+        return self.kind in ("text", "name")
+
+    def checks(self):
+        """The value checks of the column, as (keyword, attributes)."""
+        a = self.args
+        out = [("exist", [("message", "HQZ9620E")])] if self.required else []
+        if self.kind == "text":
+            out += [("charlength", [("max", a[0])]), ("multibyte", [])]
+        elif self.kind == "name":
+            out += [("charlength", [("max", a[0])])]
+        elif self.kind == "amount" and "nonnegative" in a:
+            out += [("number", []), ("range", [("min", "0"), ("max", "999999999999999")])]
+        elif self.kind == "amount":
+            out += [("number", []), ("length", [("max", "16")])]
+        elif self.kind == "quantity":
+            out += [("decimal", []), ("length", [("max", "12.2")])]
+        elif self.kind == "rate":
+            out += [("decimal", []), ("length", [("max", "4.3")]), ("range", [("min", "0"), ("max", "999.999")])]
+        elif self.kind == "digits":
+            exact = a[0].startswith("=")
+            out += [("alnum", []), ("length", [("value", a[0][1:])] if exact else [("max", a[0])])]
+            if len(a) > 1:
+                low, high = a[1].split("-")
+                out.append(("range", [("min", low), ("max", high)]))
+        elif self.kind == "code":
+            out.append(("contain", [("value", " ".join(a))]))
+        return out
+
+    def limits(self, high):
+        """Values of the column at one end of what it takes."""
+        a = self.args
+        if self.kind == "text":
+            n = int(a[0]) if high else 1
+            return [(FULL_WIDTH * n)[:n]]
+        if self.kind == "name":
+            return [("Ab1-あ" * int(a[0]))[:int(a[0])] if high else "あ"]
+        if self.kind == "amount" and "nonnegative" in a:
+            return ["999999999999999" if high else "0"]
+        if self.kind == "amount":
+            return ["-999999999999999" if high else "999999999999999"]
+        if self.kind == "quantity":
+            value = "-99999999999.99" if high else "99999999999.99"
+            return [value] + ([self.unit[-1 if high else 0]] if self.unit else [])
+        if self.kind == "rate":
+            return ["999.999" if high else "0.001"]
+        if self.kind == "digits":
+            n = int(a[0].lstrip("="))
+            if len(a) > 1:
+                return [a[1].split("-")[1 if high else 0].zfill(n)]
+            return ["9" * n if high else "0" * n]
+        if self.kind == "code":
+            return [a[-1] if high else a[0]]
+        era = max(a) if high else min(a)
+        return ERA_BOUNDS[era][1 if high else 0][:self.width()]
+
+    def describe(self):
+        a = self.args
+        if self.kind == "text":
+            return "full-width, at most %s characters" % a[0]
+        if self.kind == "name":
+            return "at most %s characters" % a[0]
+        if self.kind == "amount":
+            return "amount, at most 15 digits" + (", not negative" if "nonnegative" in a else "")
+        if self.kind == "quantity":
+            return "at most 11 digits and 2 decimals" + (
+                ", the next column its unit (%s)" % " ".join(self.unit) if self.unit else "")
+        if self.kind == "rate":
+            return "percent, at most 3 digits and 3 decimals"
+        if self.kind == "digits":
+            text = ("exactly %s digits" % a[0][1:]) if a[0].startswith("=") else ("at most %s digits" % a[0])
+            return text + (", %s" % a[1] if len(a) > 1 else "")
+        if self.kind == "code":
+            return "code " + " ".join(a)
+        parts = {"date": "year, month, day", "yearmonth": "year, month", "year": "year"}[self.kind]
+        return "era code (%s), %s; it must exist" % (", ".join("%s %s" % (e, ERA_NAMES[e]) for e in self.args), parts)
+
+
+class Table:
+    def __init__(self, kubun, rows, first):
+        self.kubun, self.rows, self.first = kubun, rows, first
+        self.columns = []
+        self.total = []
+
+    @property
+    def position(self):
+        """The CSV column (1-based) of every item."""
+        position = {}
+        column = self.first
+        for c in self.columns:
+            position[c.item] = column
+            column += c.width()
+        return position
+
+    @property
+    def count(self):
+        return self.first - 1 + sum(c.width() for c in self.columns)
+
+    def without(self, items):
+        copy = Table(self.kubun, self.rows, self.first)
+        copy.columns = [c for c in self.columns if c.item not in items]
+        copy.total = [i for i in self.total if i not in items]
+        return copy
+
+
+class Version:
+    def __init__(self, name):
+        self.name = name
+        self.notes = []
+        self.tables = []
+        self.origin = None  # (version, removed items) of a derived version
+
+
+class Example:
+    def __init__(self, path, command):
+        self.path, self.command = path, command
+        self.records = []  # [fields, [(column, code)]]
 
 
 class Form:
     def __init__(self, path):
         self.path = path
-        self.columns = []  # (element, label, kind, args)
-        self.total = []
-        self.rows = []
-        self.title = ""
-        self.page = 0
-        self.list = "rows"
-        self.row = "row"
+        self.notes = []
+        self.versions = []
+        self.examples = []
+        target = None
         for number, line in enumerate(open(path, encoding="utf-8"), 1):
             line = line.rstrip("\n")
             if not line.strip() or line.lstrip().startswith("#"):
                 continue
-            word, _, rest = line.partition(" ")
-            if word == "form":
-                self.id, self.version, self.kind = rest.split()
-            elif word == "title":
-                self.title = rest.strip()
-            elif word == "report":
-                options = dict(part.split("=", 1) for part in rest.split())
-                self.page = int(options["page"])
-                self.list = options["list"]
-                self.row = options["row"]
-            elif word == "col":
-                parts = rest.split()
-                self.columns.append((parts[0], parts[1], parts[2], parts[3:]))
-            elif word == "total":
-                self.total = rest.split()
-            elif word == "row":
-                self.rows.append(rest.split(","))
-            else:
-                raise SystemExit("%s:%d: unknown statement %s" % (path, number, word))
-        self.detail = self.kind == "detail"
-        # CSV column of each element (1-based) and the number of columns.
-        self.first = 3 if self.detail else 2
-        self.position = {}
-        column = self.first
-        for element, label, kind, args in self.columns:
-            self.position[element] = column
-            column += {"date": 4, "month": 3}.get(kind, 1) + (1 if kind == "count" and "unit" in args else 0)
-        self.column_count = column - 1
-        for element in self.total:
-            if element not in self.position:
-                raise SystemExit("%s: total names unknown column %s" % (path, element))
+            word, _, rest = line.strip().partition(" ")
+            try:
+                target = self.statement(word, rest, target)
+            except (SourceError, ValueError, IndexError, KeyError) as e:
+                raise SystemExit("%s:%d: %s" % (path, number, e))
+
+    def statement(self, word, rest, target):
+        parts = rest.split()
+        if word == "form":
+            self.id, self.kind = parts[0], parts[1]
+            self.title = " ".join(parts[2:])
+            self.detail = self.kind == "detail"
+            self.first = 3 if self.detail else 2
+            return self.notes
+        if word == "note":
+            target.append(rest)
+            return target
+        if word == "version":
+            version = Version(parts[0])
+            if len(parts) > 1:
+                if parts[1] != "from" or (len(parts) > 3 and parts[3] != "without"):
+                    raise SourceError("version V from W [without ITEM...]")
+                origin = self.version(parts[2])
+                removed = parts[4:]
+                known = {c.item for t in origin.tables for c in t.columns}
+                for item in removed:
+                    if item not in known:
+                        raise SourceError("version %s has no item %s" % (origin.name, item))
+                version.tables = [t.without(removed) for t in origin.tables]
+                version.origin = (origin.name, removed)
+            self.versions.append(version)
+            return version.notes
+        if word == "table":
+            options = dict(p.split("=", 1) for p in parts[1:])
+            self.versions[-1].tables.append(Table(parts[0], int(options["rows"]), self.first))
+            return target
+        if word == "col":
+            self.versions[-1].tables[-1].columns.append(Column(parts[0], parts[1], parts[2], parts[3:]))
+            return target
+        if word == "total":
+            table = self.versions[-1].tables[-1]
+            for item in parts:
+                if item not in table.position:
+                    raise SourceError("no column " + item)
+            table.total = parts
+            return target
+        if word == "example":
+            command = parts[1] if len(parts) > 1 else ("detail2" if self.detail else "appended")
+            self.examples.append(Example(parts[0], command))
+            return target
+        if word == "row":
+            self.examples[-1].records.append([next(csv.reader([rest])), []])
+            return target
+        if word in ("subtotal", "grandtotal"):
+            self.examples[-1].records.append([self.total_row(parts[0], " ".join(parts[1:]), word == "subtotal"), []])
+            return target
+        if word == "expect":
+            self.examples[-1].records[-1][1].append((int(parts[0]), parts[1]))
+            return target
+        raise SourceError("unknown statement " + word)
+
+    def version(self, name):
+        for version in self.versions:
+            if version.name == name:
+                return version
+        raise SourceError("no version " + name)
 
     # ---- validation definition -------------------------------------------------
 
-    def xml(self):
+    def xml(self, version):
         out = []
         w = out.append
         w('<?xml version="1.0" encoding="UTF-8"?>')
         w("<!--")
-        w("  %s, style version %s." % (self.title, self.version))
-        w("  Generated from definitions/forms/%s by definitions/generate.py; edit the source." % os.path.basename(self.path))
+        w("  %s (%s), style version %s." % (self.title, self.id, version.name))
+        w("  Generated from definitions/forms/%s by definitions/generate.py; edit the source."
+          % os.path.basename(self.path))
         w("")
-        w("  CSV columns:")
-        w("    %2d format kubun: %s, or %s(page) for a numbered page" % (1, self.id, self.id))
-        if self.detail:
-            w("    %2d row kind: 0 detail row%s" % (2, ", 1 total row" if self.total else ""))
-        for element, label, kind, args in self.columns:
-            c = self.position[element]
-            if kind == "date":
-                w("    %2d-%d %s (era code, year, month, day)" % (c, c + 3, label))
-            elif kind == "month":
-                w("    %2d-%d %s (era code, year, month)" % (c, c + 2, label))
-            elif kind == "count" and "unit" in args:
-                w("    %2d %s, %d its unit" % (c, label, c + 1))
-            else:
-                w("    %2d %s" % (c, label))
-        if self.total:
+        for note in self.notes + version.notes:
+            w("  " + note)
+        if version.origin and version.origin[1]:
+            origin, removed = version.origin
+            w("  Layout of %s without %s." % (origin, ", ".join(self.label(i, origin) for i in removed)))
+        for table in version.tables:
             w("")
-            w("  The total row carries only the totals of %s." %
-              ", ".join(self.label(e) for e in self.total))
+            w("  Format kubun %s, %d %s a page:" % (table.kubun, table.rows, "row" if table.rows == 1 else "rows"))
+            w("    %5d フォーマット区分: %s" % (1, table.kubun))
+            if self.detail:
+                w("    %5d 行区分: 0 detail row, 1 total row" % 2)
+            for c in table.columns:
+                p = table.position[c.item]
+                span = str(p) if c.width() == 1 else "%d-%d" % (p, p + c.width() - 1)
+                w("    %5s %s (%s): %s" % (span, c.label, c.item, c.describe()))
+            if self.detail:
+                carried = [c.label for c in table.columns if c.item in table.total]
+                if carried:
+                    w("  A total row closes its page and carries %s%s; its other columns stay empty."
+                      % (", ".join(carried[:-1]) + " and " if len(carried) > 1 else "", carried[-1]))
+                else:
+                    w("  A total row closes its page and carries nothing: its columns stay empty.")
         w("-->")
         w("<definition>")
-        w('  <report id="%s" reportId="%s" reportVR="%s" columnNum="%d" maxOccurs="%d" bracketed="1" sibling="1">'
-          % (self.id, self.id, self.version, self.column_count, self.page))
-        w("")
-        kind_attr = ' meisaiGoukei="0"' if self.detail else ""
-        w("    <!-- Detail rows. -->")
-        w('    <item id="%s" parent="%s"%s/>' % (self.list, self.id, kind_attr))
-        w('    <item id="%s" parent="%s"%s/>' % (self.row, self.list, kind_attr))
-        for element, label, kind, args in self.columns:
-            w("")
-            self.items(w, element, label, kind, args, self.row, kind_attr)
-        if self.total:
-            w("")
-            w("    <!-- Total row. -->")
-            w('    <item id="total" parent="%s" meisaiGoukei="1">' % self.id)
-            w("      <!-- a total row names nothing and carries no other value -->")
-            for column in range(self.first, self.column_count + 1):
-                if column not in [self.position[e] for e in self.total]:
-                    w('      <valid id="empty" column="%d"/>' % column)
-            w("    </item>")
-            for element in self.total:
-                label = self.label(element)
-                w('    <item id="%s" parent="total" column="%d" meisaiGoukei="1" zeroSuppress="true">'
-                  % ("total" + element[0].upper() + element[1:], self.position[element]))
-                w("      <!-- the total of %s is required and bounded like its amounts -->" % label)
-                w('      <valid id="exist" message="HQZ9620E"/>')
-                w('      <valid id="number"/>')
-                w('      <valid id="range" min="%s" max="%s"/>' % (self.amount_min(element), AMOUNT_MAX))
-                w("    </item>")
-        w("  </report>")
+        for table in version.tables:
+            self.report(w, version, table)
         w("</definition>")
-        return "\n".join(out) + "\n"
+        text = "\n".join(out) + "\n"
+        comment = text[text.index("<!--") + 4:text.index("-->")]
+        if "--" in comment:
+            raise SystemExit("%s: '--' cannot stand in an XML comment" % self.path)
+        return text
 
-    def label(self, element):
-        for e, label, kind, args in self.columns:
-            if e == element:
-                return label
-        raise KeyError(element)
+    def label(self, item, origin):
+        for table in self.version(origin).tables:
+            for c in table.columns:
+                if c.item == item:
+                    return c.label
+        raise KeyError(item)
 
-    def amount_min(self, element):
-        for e, label, kind, args in self.columns:
-            if e == element:
-                return AMOUNT_MIN_SIGNED if "signed" in args else "0"
-        raise KeyError(element)
+    def report(self, w, version, table):
+        container = "table" + table.kubun
+        kind = ' meisaiGoukei="0"' if self.detail else ""
+        w('  <report id="%s" reportId="%s" reportVR="%s" columnNum="%d" maxOccurs="%d" sibling="1">'
+          % (table.kubun, self.id, version.name, table.count, table.rows))
+        w('    <item id="%s" parent="%s"%s/>' % (container, self.id, kind))
+        w('    <item id="row" parent="%s"%s/>' % (container, kind))
+        for c in table.columns:
+            self.items(w, table, c, kind)
+        if self.detail:
+            self.total_items(w, table, container)
+        w("  </report>")
 
-    def items(self, w, element, label, kind, args, parent, kind_attr):
-        c = self.position[element]
-        required = "required" in args
-        condition = [a[3:] for a in args if a.startswith("if=")]
-
-        def exist():
-            if required:
-                w("      <!-- %s must be given -->" % label)
-                w('      <valid id="exist" message="HQZ9620E"/>')
-            for other in condition:
-                w("      <!-- %s must be given when %s is -->" % (label, self.label(other)))
-                w('      <valid id="exist" message="HQZ9620E">')
-                w('        <outer column="%d" id="exist" nomsg="1"/>' % self.position[other])
-                w("      </valid>")
-
-        if kind == "name":
-            w('    <item id="%s" parent="%s" column="%d"%s>' % (element, parent, c, kind_attr))
-            exist()
-            w("      <!-- %s: at most %s characters, the width of its field -->" % (label, args[0]))
-            w('      <valid id="charlength" max="%s"/>' % args[0])
-            w("      <!-- only characters the service accepts -->")
-            w('      <valid id="fylstring"/>')
-            w("    </item>")
-        elif kind == "amount":
-            w('    <item id="%s" parent="%s" column="%d"%s zeroSuppress="true">' % (element, parent, c, kind_attr))
-            exist()
-            w("      <!-- %s: whole yen, digits only -->" % label)
-            w('      <valid id="number"/>')
-            if "signed" in args:
-                w("      <!-- may be negative; at most 15 places with the sign -->")
-            else:
-                w("      <!-- not negative, at most 15 digits -->")
-            w('      <valid id="range" min="%s" max="%s"/>' % (self.amount_min(element), AMOUNT_MAX))
-            w("    </item>")
-        elif kind == "count":
-            unit = "unit" in args
-            w('    <item id="%s" parent="%s" column="%d"%s%s zeroSuppress="true">'
-              % (element, parent, c, kind_attr, ' unit="1"' if unit else ""))
-            exist()
-            w("      <!-- %s: a whole quantity of at most 12 digits -->" % label)
-            w('      <valid id="number"/>')
-            w('      <valid id="range" min="0" max="%s"/>' % COUNT_MAX)
-            if unit:
-                w("      <!-- a quantity needs its unit (column %d, written as the unit attribute) -->" % (c + 1))
-                w('      <valid id="exist" column="%d" message="HQZ9620E">' % (c + 1))
-                w('        <outer column="%d" id="exist" nomsg="1"/>' % c)
-                w("      </valid>")
-                w('      <valid id="charlength" column="%d" max="4"/>' % (c + 1))
-                w('      <valid id="fylstring" column="%d"/>' % (c + 1))
-            w("    </item>")
-        elif kind == "rate":
-            w('    <item id="%s" parent="%s" column="%d"%s>' % (element, parent, c, kind_attr))
-            exist()
-            w("      <!-- %s: a percentage such as 1.875 -->" % label)
-            w('      <valid id="decimal"/>')
-            w('      <valid id="length" max="4.3"/>')
-            w('      <valid id="range" min="0" max="100"/>')
-            w("    </item>")
-        elif kind == "digits":
-            w('    <item id="%s" parent="%s" column="%d"%s>' % (element, parent, c, kind_attr))
-            exist()
-            w("      <!-- %s: digits with at most one hyphen, %s long at most -->" % (label, args[0]))
-            w('      <valid id="alnum3"/>')
-            w('      <valid id="length" max="%s"/>' % args[0])
-            w("    </item>")
-        elif kind == "code":
-            words = [a for a in args if a != "required" and not a.startswith("if=")]
-            w('    <item id="%s" parent="%s" column="%d"%s type="Kubun">' % (element, parent, c, kind_attr))
-            exist()
-            w("      <!-- %s: one of the codes %s -->" % (label, ", ".join(words)))
-            w('      <valid id="contain" value="%s"/>' % " ".join(words))
-            w("    </item>")
-        elif kind in ("date", "month"):
-            eras = [a for a in args if a in ERA_NAMES]
-            check = "existdate" if kind == "date" else "existmonth"
-            parts = ["Era", "Year", "Month", "Day"] if kind == "date" else ["Era", "Year", "Month"]
-            w('    <item id="%s" parent="%s"%s type="Date">' % (element, parent, kind_attr))
-            w("      <!-- %s must exist within its era -->" % label)
-            w('      <valid id="%s" column="%d"/>' % (check, c))
+    def items(self, w, table, c, kind):
+        p = table.position[c.item]
+        if c.kind in DATE_KINDS:
+            check, parts = DATE_KINDS[c.kind]
+            w('    <item id="%s" parent="row"%s type="Date" label="%s">' % (c.item, kind, c.label))
+            w('      <valid id="%s" column="%d"/>' % (check, p))
             w("    </item>")
             for offset, part in enumerate(parts):
-                sub = element + part
-                if part == "Era":
-                    w('    <item id="%s" parent="%s" column="%d"%s type="Kubun">' % (sub, element, c, kind_attr))
-                    w("      <!-- era of %s: %s -->" % (label, ", ".join(ERA_NAMES[e] for e in eras)))
-                    w('      <valid id="contain" value="%s"/>' % " ".join(eras))
+                name = PART_LABELS[part]
+                label = c.label + (name if c.label.endswith("）") else "（%s）" % name)
+                if part == "era":
+                    w('    <item id="era" parent="%s" column="%d"%s type="Kubun" label="%s">' % (c.item, p, kind, label))
+                    w('      <valid id="contain" value="%s"/>' % " ".join(c.args))
                 else:
-                    limit = {"Year": "99", "Month": "12", "Day": "31"}[part]
-                    w('    <item id="%s" parent="%s" column="%d"%s>' % (sub, element, c + offset, kind_attr))
-                    w('      <valid id="number"/>')
-                    w('      <valid id="range" min="1" max="%s"/>' % limit)
+                    w('    <item id="%s" parent="%s" column="%d"%s label="%s">' % (part, c.item, p + offset, kind, label))
+                    w('      <valid id="alnum"/>')
+                    w('      <valid id="length" max="2"/>')
                 w("    </item>")
-        else:
-            raise SystemExit("%s: unknown kind %s" % (self.path, kind))
+            return
+        extra = (' type="Kubun"' if c.kind == "code" else "") + (' unit="1"' if c.unit else "")
+        w('    <item id="%s" parent="row" column="%d"%s%s label="%s">' % (c.item, p, kind, extra, c.label))
+        for keyword, attributes in c.checks():
+            w("      " + valid(keyword, attributes) + "/>")
+        if c.unit:
+            w("      " + valid("contain", [("value", " ".join(c.unit))], p + 1) + "/>")
+        w("    </item>")
 
-    # ---- clean example ---------------------------------------------------------
+    def total_items(self, w, table, container):
+        # The total row writes the items it carries under its own element.
+        # Its checks run with those of the detail rows (items for every row
+        # kind, one a column with its label, switched on by row kind 1), so
+        # that one reading of a file reports every mistake; a failing check
+        # of an item kept for total rows would stop the check at once.
+        w('    <item id="%s-total" parent="%s" meisaiGoukei="1"/>' % (container, self.id))
+        for c in table.columns:
+            if c.item in table.total:
+                w('    <item id="%s" parent="%s-total" column="%d" meisaiGoukei="1" label="%s"/>'
+                  % (c.item, container, table.position[c.item], c.label))
+        for c in table.columns:
+            p = table.position[c.item]
+            if c.item in table.total:
+                checks = c.checks()
+            else:
+                checks = [("empty", [])] * c.width()
+            w('    <item id="totalRow" parent="%s" label="%s">' % (self.id, c.label))
+            for offset, (keyword, attributes) in enumerate(checks):
+                column = p + (offset if keyword == "empty" else 0)
+                w("      " + valid(keyword, attributes, column) + ">" + TOTAL_GATE + "</valid>")
+            w("    </item>")
 
-    def csv(self):
+    # ---- examples --------------------------------------------------------------
+
+    def table_of(self, version, kubun):
+        for table in version.tables:
+            if table.kubun == kubun:
+                return table
+        raise SourceError("no table " + kubun)
+
+    def total_row(self, kubun, text, since_last):
+        version = self.version(os.path.basename(self.examples[-1].path).split("_")[1])
+        table = self.table_of(version, kubun)
+        values = [kubun, "1"] + [""] * (table.count - 2)
+        rows = []
+        for fields, _ in self.examples[-1].records:
+            if fields[0] != kubun:
+                continue
+            if fields[1] == "1" and since_last:
+                rows = []
+            elif fields[1] == "0":
+                rows.append(fields)
+        text_placed = False
+        for c in table.columns:
+            if c.item not in table.total:
+                continue
+            index = table.position[c.item] - 1
+            if c.is_text():
+                if not text_placed:
+                    values[index] = text
+                    text_placed = True
+            else:
+                values[index] = str(sum(int(r[index] or "0") for r in rows))
+        return values
+
+    def example_files(self, example):
+        version = os.path.basename(example.path).split("_")[1]
         lines = []
-        width = self.column_count - self.first + 1
-        for row in self.rows:
-            if len(row) != width:
-                raise SystemExit("%s: example row has %d values, the form %d: %s"
-                                 % (self.path, len(row), width, ",".join(row)))
-            lines.append(",".join([self.id] + (["0"] if self.detail else []) + row))
-        if self.total:
-            values = [""] * width
-            for element in self.total:
-                index = self.position[element] - self.first
-                values[index] = str(sum(int(r[index] or "0") for r in self.rows))
-            lines.append(",".join([self.id, "1"] + values))
-        return ("\r\n".join(lines) + "\r\n").encode("cp932")
+        entries = []
+        # An entry's line number is as wide as the file's record count.
+        width = len(str(len(example.records)))
+        tables = {t.kubun: t for t in self.version(version).tables}
+        for number, (fields, expects) in enumerate(example.records, 1):
+            table = tables.get(fields[0])
+            if table and len(fields) != table.count:
+                raise SystemExit("%s: %s record %d: %d fields, the table %d"
+                                 % (self.path, example.path, number, len(fields), table.count))
+            out = io.StringIO()
+            csv.writer(out, lineterminator="").writerow(fields)
+            lines.append(out.getvalue())
+            for column, code in expects:
+                entries.append("%0*d-%05d-%s" % (width, number, column, code))
+        data = ("\r\n".join(lines) + "\r\n").encode("cp932")
+        if entries:
+            # The first detail operation fails on any entry; the others let a
+            # file be converted unless an entry blocks it.
+            blocked = example.command == "detail" or any(e.split("-")[2] not in NON_BLOCKING for e in entries)
+            answer = {"Result": "E_FAIL" if blocked else "S_OK",
+                      "DetailErrorInfo": ",".join(sorted(set(entries))),
+                      "Conformity": 0 if blocked else 2}
+        else:
+            answer = {"Result": "S_OK", "DetailErrorInfo": "",
+                      "Conformity": 0 if example.command == "detail" else 1}
+        expected = {"command": [example.command, os.path.basename(example.path), version], "answer": answer}
+        base = os.path.join(EXAMPLES, example.path)
+        return [(base, data),
+                (base[:-len(".csv")] + ".expected.json",
+                 (json.dumps(expected, ensure_ascii=False, indent=2) + "\n").encode("utf-8"))]
+
+    def layouts(self):
+        """Per version a file that fills every column to its limits."""
+        blocks = []
+        for version in self.versions:
+            lines = ["%s %s_%s_layout.csv" % (self.kind, self.id, version.name)]
+            for table in version.tables:
+                start = [table.kubun] + (["0"] if self.detail else [])
+                for high in (True, False):
+                    lines.append(",".join(start + [v for c in table.columns for v in c.limits(high)]))
+                if not any(c.required for c in table.columns):
+                    lines.append(",".join(start + [""] * (table.count - len(start))))
+                if self.detail:
+                    values = [v if c.item in table.total else "" for c in table.columns for v in c.limits(True)]
+                    lines.append(",".join([table.kubun, "1"] + values))
+            blocks.append("\n".join(lines) + "\n")
+        return blocks
 
     def outputs(self):
         folder = "AccountTitle" if self.detail else "AppendedTable"
-        name = "%s_%s" % (self.id, self.version)
-        return [(os.path.join(BUNDLE, folder, name + "_vld.xml"), self.xml().encode("utf-8")),
-                (os.path.join(EXAMPLES, name + ".csv"), self.csv())]
+        files = [(os.path.join(BUNDLE, folder, "%s_%s_vld.xml" % (self.id, v.name)), self.xml(v).encode("utf-8"))
+                 for v in self.versions]
+        for example in self.examples:
+            files += self.example_files(example)
+        return files
+
+
+def valid(keyword, attributes, column=None):
+    text = '<valid id="%s"' % keyword
+    if column is not None:
+        text += ' column="%d"' % column
+    for name, value in attributes:
+        text += ' %s="%s"' % (name, value)
+    return text
+
+
+def generated(folder):
+    """Files under folder that an earlier run of this script wrote."""
+    found = []
+    for base, _, names in os.walk(folder):
+        for name in names:
+            path = os.path.join(base, name)
+            if name.endswith("_vld.xml"):
+                if "Generated from definitions/forms/" in open(path, encoding="utf-8").read():
+                    found.append(path)
+            elif name.endswith(".csv") or name.endswith(".expected.json"):
+                found.append(path)
+    return found
 
 
 def main():
     check = "--check" in sys.argv[1:]
-    differ = []
+    outputs = []
+    layouts = []
     for source in sorted(os.listdir(FORMS)):
-        if not source.endswith(".form"):
-            continue
-        for path, data in Form(os.path.join(FORMS, source)).outputs():
-            if check:
-                try:
-                    current = open(path, "rb").read()
-                except OSError:
-                    current = None
-                if current != data:
-                    differ.append(os.path.relpath(path, ROOT))
-            else:
-                with open(path, "wb") as f:
-                    f.write(data)
-    if check:
-        # A generated definition whose source is gone.
-        produced = set()
-        for source in sorted(os.listdir(FORMS)):
-            if source.endswith(".form"):
-                produced.update(path for path, data in Form(os.path.join(FORMS, source)).outputs())
-        for folder in ("AccountTitle", "AppendedTable"):
-            for name in sorted(os.listdir(os.path.join(BUNDLE, folder))):
-                path = os.path.join(BUNDLE, folder, name)
-                if path not in produced and "Generated from definitions/forms/" in open(path, encoding="utf-8").read():
-                    differ.append(os.path.relpath(path, ROOT) + " (no source)")
+        if source.endswith(".form"):
+            form = Form(os.path.join(FORMS, source))
+            outputs += form.outputs()
+            layouts += form.layouts()
+    outputs.append((LAYOUTS, "\n".join(layouts).encode("utf-8")))
+    produced = {path for path, _ in outputs}
+    stale = [p for folder in (os.path.join(BUNDLE, "AccountTitle"), os.path.join(BUNDLE, "AppendedTable"), EXAMPLES)
+             for p in generated(folder) if p not in produced]
+    if not check:
+        for path, data in outputs:
+            os.makedirs(os.path.dirname(path), exist_ok=True)
+            with open(path, "wb") as f:
+                f.write(data)
+        for path in stale:
+            os.remove(path)
+        return 0
+    differ = []
+    for path, data in outputs:
+        try:
+            current = open(path, "rb").read()
+        except OSError:
+            current = None
+        if current != data:
+            differ.append(os.path.relpath(path, ROOT))
+    differ += [os.path.relpath(p, ROOT) + " (no source)" for p in stale]
     if differ:
         print("generated files differ from definitions/forms (run definitions/generate.py):")
         for path in differ:

@@ -6,7 +6,7 @@ packages=(
   cmake make g++ gcc pkg-config python3
   libxerces-c-dev libicu-dev
   libcli11-dev nlohmann-json3-dev
-  libgtest-dev libbenchmark-dev
+  libgtest-dev libbenchmark-dev libvalijson-dev
   clang libclang-rt-14-dev
 )
 missing=()

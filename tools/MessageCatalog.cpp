@@ -1,6 +1,9 @@
 #include "MessageCatalog.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include "QZICsvConvSupport.h"
 
@@ -95,6 +98,21 @@ const Message kMessages[] = {
     {"HQZ9890E", kFormatStopJa, kFormatStopEn},
     {"HQZ9900E", "財務諸表CSVの行数が合計で5000行を超えています。", "The statements files hold more than 5000 lines in all."},
     {"HQZ9970E", "指定されたフォルダにファイルがありません。", "The folder holds no file."},
+    // The tool's own findings about what the library's answer leaves silent.
+    {kReportNotWellFormed, "作成した帳票XMLが整形式のXMLではないため、出力しませんでした。",
+     "The report XML produced is not a well-formed XML document, so none was written."},
+    {kNotShiftJis, "Shift_JISのテキストではありません（この位置のバイトはShift_JISの文字になりません）。ライブラリはこのファイルを空として読みます。",
+     "The file is not Shift_JIS text (the byte here is no Shift_JIS character); the library reads such a file as empty."},
+    {kNulByte, "NULバイトがあります。ライブラリはその手前までしか読まないため、この行から後はチェックされていません。",
+     "The file holds a NUL byte; the library reads the text only up to it, so this line and the rest were not checked."},
+    {kEmptyFile, "ファイルが空です。", "The file is empty."},
+    {kUnreadableFile, "ファイルを読み込めません。", "The file cannot be read."},
+    {kSpecialFile, "通常のファイルではありません（フォルダ、FIFO、デバイスなど）。", "This is not a regular file (a folder, FIFO, device or the like)."},
+    {kNoShiftJisForm, "この文字にはShift_JISの形がないため、書き込めません。", "This character has no Shift_JIS form, so the data cannot be written."},
+    {kNotUtf8, "書き込むデータがUTF-8のテキストではありません。", "The data to write is not UTF-8 text."},
+    {kUnknownForm, "ファイル名から様式（帳票IDとバージョン）を判別できません。",
+     "The file name names no form and style version that the tool knows (report id, \"_\", version, \".csv\")."},
+    {kNoAnswer, "この入力のチェックは応答なしで終了しました。", "The check of this input ended without an answer."},
 };
 
 const Message* find(const std::string& code)
@@ -130,4 +148,143 @@ std::string messageFor(const std::string& code, Language language)
     for (size_t at; (at = text.find('\n')) != std::string::npos;)
         text.replace(at, 1, " ");
     return text;
+}
+
+namespace {
+
+std::string fill(std::string text, const std::string& first, const std::string& second = "")
+{
+    const std::pair<const char*, const std::string*> marks[] = {{"{1}", &first}, {"{2}", &second}};
+    for (const auto& [mark, value] : marks) {
+        for (size_t at = 0; (at = text.find(mark, at)) != std::string::npos; at += value->size())
+            text.replace(at, std::strlen(mark), *value);
+    }
+    return text;
+}
+
+// The length rule of a "length" check: an exact byte count, or a maximum N
+// (N.M for decimals) where a value of exactly N characters before the point
+// needs a sign when the limit has a point or is 16.
+std::string lengthInWords(const QZIFormLayout::Rule& rule, Language language)
+{
+    if (!rule.value.empty())
+        return fill(Text{"半角{1}文字ちょうど", "exactly {1} half-width characters"}(language), rule.value);
+    const size_t point = rule.max.find('.');
+    const long before = std::atol(rule.max.c_str());
+    if (point != std::string::npos) {
+        const long after = std::atol(rule.max.c_str() + point + 1);
+        return fill(Text{"整数部{1}桁以内（符号付きは{2}桁）、", "at most {1} digits before the point ({2} with a sign), "}(
+                        language),
+                    std::to_string(before - 1), std::to_string(before)) +
+               fill(Text{"小数部{1}桁以内", "{1} after it"}(language), std::to_string(after));
+    }
+    if (before == 16)
+        return fill(Text{"{1}桁以内（符号付きは{2}文字）", "at most {1} digits ({2} characters with a sign)"}(language),
+                    std::to_string(before - 1), std::to_string(before));
+    return fill(Text{"半角{1}文字以内", "at most {1} half-width characters"}(language), rule.max);
+}
+
+std::string listInWords(const std::string& list, Language language)
+{
+    std::string words;
+    size_t start = 0;
+    while ((start = list.find_first_not_of(' ', start)) != std::string::npos) {
+        const size_t end = std::min(list.find(' ', start), list.size());
+        words += (words.empty() ? "" : Text{"、", ", "}(language)) + list.substr(start, end - start);
+        start = end;
+    }
+    return words;
+}
+
+}  // namespace
+
+std::string ruleInWords(const QZIFormLayout::Rule& rule, Language language)
+{
+    const std::string& keyword = rule.keyword;
+    if (keyword == "exist")
+        return Text{"入力が必要", "required"}(language);
+    if (keyword == "empty")
+        return Text{"空欄であること", "must be empty"}(language);
+    if (keyword == "charlength")
+        return fill(Text{"{1}文字以内", "at most {1} characters"}(language), rule.max);
+    if (keyword == "length")
+        return lengthInWords(rule, language);
+    if (keyword == "alnum")
+        return Text{"半角数字のみ", "half-width digits only"}(language);
+    if (keyword == "alnum2")
+        return Text{"半角の英数字・記号のみ", "half-width letters, digits and symbols only"}(language);
+    if (keyword == "alnum3")
+        return Text{"半角数字（ハイフンは1つまで）", "half-width digits with at most one hyphen"}(language);
+    if (keyword == "number")
+        return Text{"半角数字の整数（先頭に符号可）", "a whole number in half-width digits (a leading sign allowed)"}(
+            language);
+    if (keyword == "decimal")
+        return Text{"半角数字と小数点の数値（先頭に符号可）",
+                    "a number in half-width digits and a point (a leading sign allowed)"}(language);
+    if (keyword == "range" || keyword == "range2")
+        return fill(Text{"{1}以上{2}以下の数値", "a number from {1} to {2}"}(language), rule.min, rule.max);
+    if (keyword == "contain")
+        return fill(Text{"次のいずれか: {1}", "one of: {1}"}(language), listInWords(rule.value, language));
+    if (keyword == "multibyte")
+        return Text{"全角文字のみ", "full-width characters only"}(language);
+    if (keyword == "fylstring")
+        return Text{"Fylaで使用できる文字のみ", "only characters the Fyla service accepts"}(language);
+    if (keyword == "existdate")
+        return Text{"元号・年・月・日がその元号の期間に実在する日付", "an existing date within its era (era, year, month, day)"}(
+            language);
+    if (keyword == "existmonth")
+        return Text{"元号・年・月がその元号の期間に実在する年月", "an existing month within its era (era, year, month)"}(
+            language);
+    if (keyword == "existyear")
+        return Text{"元号・年がその元号の期間内の年", "a year within its era (era, year)"}(language);
+    return keyword;
+}
+
+std::string conditionInWords(const QZIFormLayout::Rule& condition, const std::string& label, Language language)
+{
+    if (condition.keyword == "exist")
+        return fill(Text{"{1}が入力されている場合", "when {1} is given"}(language), label);
+    return fill(Text{"{1}が「{2}」の場合", "when {1} is {2}"}(language), label, ruleInWords(condition, language));
+}
+
+std::string statementsColumn(const std::vector<std::string>& line, int column, Language language)
+{
+    const std::string kind = line.empty() ? std::string() : line[0];
+    const bool lineKind = kind == "A" || kind == "B" || kind == "C1" || kind == "C2";
+    if (lineKind && column == 1)
+        return Text{"行の種類", "line kind"}(language);
+    if (lineKind && column == 2) {
+        return kind == "A"    ? Text{"財務諸表の種類", "statement kind"}(language)
+               : kind == "B"  ? Text{"法人名", "corporate name"}(language)
+               : kind == "C1" ? Text{"事業年度（自）", "fiscal year start"}(language)
+                              : Text{"事業年度（至）", "fiscal year end"}(language);
+    }
+    if (lineKind)
+        return "";
+    bool title = true;
+    for (size_t field = 1; field < line.size() && field < 5; ++field)
+        title = title && line[field].empty();
+    if (title)
+        return column == 1 ? Text{"表題", "statement title"}(language) : "";
+    static const Text kAccountColumns[] = {
+        {"科目名", "account name"}, {"金額", "amount"},  {"項目区分", "item type"},
+        {"階層", "layer"},          {"勘定科目コード", "account code"},
+    };
+    return column >= 1 && column <= 5 ? kAccountColumns[column - 1](language) : "";
+}
+
+std::string argumentName(int64_t number, Language language)
+{
+    static const Text kArguments[] = {
+        {"CSVファイル", "CSV file"}, {"定義体フォルダ", "definition folder"}, {"様式バージョン", "style version"}};
+    return number >= 1 && number <= 3 ? kArguments[number - 1](language) : "";
+}
+
+std::string frameColumn(int column, bool detailStatement, Language language)
+{
+    if (column == 1)
+        return Text{"フォーマット区分", "format kubun"}(language);
+    if (column == 2 && detailStatement)
+        return Text{"行区分", "row kind"}(language);
+    return "";
 }

@@ -1,277 +1,174 @@
 // qzcsvconv: runs the library's checks from the command line.
 //
-//   qzcsvconv [--bundle DIR] [--json] [--lang ja|en] COMMAND ARGS...
+//   qzcsvconv [OPTIONS] COMMAND ARGS...
 //
-// Commands: xbrl FOLDER STYLE_VERSION, detail CSV STYLE_VERSION,
-// detail2 CSV STYLE_VERSION, appended CSV STYLE_VERSION, write OUT DATA_FILE,
-// report CSV STYLE_VERSION [-o FILE].
-//
-// Exit status: 0 when the result is "S_OK", 1 when "E_FAIL", 2 for a usage
-// error. With --json, one JSON object on standard output whose keys are the
-// result object's property names.
+// Options may stand before or after the command. The exit status is 0 when
+// nothing was found, 1 when anything was found or the operation failed and
+// 2 for a usage error; with --json the tool prints one JSON object (see
+// qzcsvconv-answer.schema.json).
 #include <cstdlib>
-#include <fstream>
+#include <cstring>
+#include <exception>
 #include <iostream>
-#include <iterator>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
 
-#include "MessageCatalog.h"
+#include "Commands.h"
+#include "ImportCodes.h"
 #include "QZICsvConvSupport.h"
 #include "QZICsvConvXML.h"
+#include "TextReport.h"
 
 namespace {
 
-struct Options {
-    std::string bundle;
-    bool json = false;
-    std::string lang = "ja";
-    Language language() const { return lang == "en" ? Language::English : Language::Japanese; }
-};
-
-// A text of the report in both languages.
-struct Text {
-    const char* ja;
-    const char* en;
-    const char* operator()(Language language) const { return language == Language::English ? en : ja; }
-};
-
-const Text kFinancialCheck{"財務諸表CSVのチェック", "Financial statements check"};
-const Text kDetailCheck{"勘定科目内訳明細書CSVのチェック", "Detail statement check"};
-const Text kAppendedCheck{"別表CSVのチェック", "Appended table check"};
-const Text kReport{"帳票XMLの作成", "Report XML"};
-const Text kWrite{"CSVファイルの書き込み", "CSV write"};
-const Text kConvertible{"変換できます", "can be converted"};
-const Text kConvertibleWithWarnings{"変換できます（警告あり）", "can be converted with warnings"};
-const Text kNotConvertible{"変換できません", "cannot be converted"};
-const Text kWritten{"書き込みました", "written"};
-const Text kNotWritten{"書き込めませんでした", "not written"};
-const Text kFiles{"ファイル数", "files"};
-const Text kStatements{"財務諸表", "Statements"};
-const Text kCorporateName{"法人名", "Corporate name"};
-const Text kFiscalYear{"事業年度", "Fiscal year"};
-const Text kErrors{"エラー", "Errors"};
-const Text kWholeFile{"ファイル全体", "whole file"};
-const Text kArgument{"引数", "argument"};
-const Text kLine{"行", "line"};
-const Text kColumn{"列", "column"};
-const Text kCheckResults[] = {
-    {"変換できます（完全）", "complete: can become XBRL"},
-    {"内容に誤りがあります（不完全）", "incomplete: errors in the content"},
-    {"他のファイルと一致しません（不整合）", "inconsistent with the other files"},
-    {"チェックできません（形式エラー）", "format error: not checked"},
-};
-
-// One error entry as a line of the report.
-std::string describeEntry(const QZICsvConvSupport::ErrorEntry& entry, Language language)
+// The language of the locale's messages: Japanese for a Japanese locale.
+std::string defaultLanguage()
 {
-    std::string where;
-    if (entry.line == 0 && entry.column == 0)
-        where = kWholeFile(language);
-    else if (entry.line == 9999)
-        where = std::string(kArgument(language)) + " " + std::to_string(entry.column);
-    else
-        where = std::string(kLine(language)) + " " + std::to_string(entry.line) + ", " + kColumn(language) + " " +
-                std::to_string(entry.column);
-    return where + ": " + entry.code + " " + messageFor(entry.code, language);
-}
-
-void printEntries(std::ostream& out, const std::string& joined, const char* indent, Language language)
-{
-    if (joined.empty())
-        return;
-    out << indent << kErrors(language) << ":\n";
-    for (const QZICsvConvSupport::ErrorEntry& entry : QZICsvConvSupport::ParseErrorInfo(joined))
-        out << indent << "  " << describeEntry(entry, language) << "\n";
-}
-
-int exitStatus(const std::string& result)
-{
-    return result == PROCESS_OK ? 0 : 1;
-}
-
-int reportFinancial(const QZICsvConvXbrlResultXML& result, const Options& options)
-{
-    if (options.json) {
-        nlohmann::json out = {
-            {"Result", result.Result},
-            {"DetailErrorInfo", result.DetailErrorInfo},
-            {"XbrlCsvFileCount", result.XbrlCsvFileCount},
-            {"CsvFileNameArray", result.CsvFileNameArray},
-            {"CheckResultArray", result.CheckResultArray},
-            {"XbrlTypeArray", result.XbrlTypeArray},
-            {"StyleVersionArray", result.StyleVersionArray},
-            {"CorporateNameArray", result.CorporateNameArray},
-            {"FiscalYearFromArray", result.FiscalYearFromArray},
-            {"FiscalYearToArray", result.FiscalYearToArray},
-            {"GenericCSVArray", result.GenericCSVArray},
-            {"DetailErrorInfoArray", result.DetailErrorInfoArray},
-        };
-        std::cout << out.dump(2) << "\n";
-        return exitStatus(result.Result);
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const char* value = std::getenv(variable);
+        if (value && *value)
+            return std::strncmp(value, "ja", 2) == 0 ? "ja" : "en";
     }
-    Language language = options.language();
-    std::cout << kFinancialCheck(language) << ": " << result.Result << " (" << kFiles(language) << " "
-              << result.XbrlCsvFileCount << ")\n";
-    printEntries(std::cout, result.DetailErrorInfo, "", language);
-    for (size_t i = 0; i < result.CsvFileNameArray.size(); ++i) {
-        int code = std::atoi(result.CheckResultArray[i].c_str());
-        std::cout << "\n" << result.CsvFileNameArray[i] << ": "
-                  << (code >= 0 && code <= 3 ? kCheckResults[code](language) : result.CheckResultArray[i].c_str())
-                  << "\n";
-        std::cout << "  " << kStatements(language) << ": " << result.XbrlTypeArray[i] << "\n";
-        if (!result.CorporateNameArray[i].empty())
-            std::cout << "  " << kCorporateName(language) << ": " << result.CorporateNameArray[i] << "\n";
-        if (!result.FiscalYearFromArray[i].empty() || !result.FiscalYearToArray[i].empty())
-            std::cout << "  " << kFiscalYear(language) << ": " << result.FiscalYearFromArray[i] << " - "
-                      << result.FiscalYearToArray[i] << "\n";
-        printEntries(std::cout, result.DetailErrorInfoArray[i], "  ", language);
-    }
-    return exitStatus(result.Result);
+    return "en";
 }
 
-// What the verdict of a detail or writing operation rests on.
-enum class Verdict { Result, Conformity, Written };
+const char* const kFooter = R"(Examples:
+  qzcsvconv xbrl examples/financial-statements 3.0
+      check a folder of financial statements (or one file of it)
+  qzcsvconv detail2 HOI010_4.0.csv 4.0
+      check a detail statement of the newer style versions and its conformity
+  qzcsvconv detail HOI010_2.0.csv 2.0
+      check a detail statement of the oldest style version of its form
+  qzcsvconv appended HOB016_6.0.csv 6.0
+      check an appended table and its conformity
+  qzcsvconv report HOI110_3.0.csv 3.0 -o HOI110.xml
+      check a detail statement or appended table and write its report XML
+  printf 'HOI010,0,みなと銀行,1200000\r\n' | qzcsvconv write HOI010_4.0.csv -
+      write UTF-8 text as a Shift_JIS CSV file
+  qzcsvconv --json --lang en detail2 - 4.0 < HOI010_4.0.csv
+      a CSV file on standard input ("-"): its name is made of its first field
+      and the style version
 
-int reportDetail(const QZICsvConvResultXML& result, const Text& title, Verdict kind, const Options& options)
+Exit status:
+  0  nothing was found: the file can be converted, was written, or every
+     statements file is complete
+  1  anything was found or the operation failed
+  2  usage error
+
+The language defaults to Japanese when LC_ALL, LC_MESSAGES or LANG names a
+Japanese locale, else English. The output has no colour (NO_COLOR is
+respected by having none).)";
+
+int usageError(const std::string& message)
 {
-    if (options.json) {
-        nlohmann::json out = {
-            {"Result", result.Result},
-            {"DetailErrorInfo", result.DetailErrorInfo},
-            {"Conformity", result.Conformity},
-        };
-        std::cout << out.dump(2) << "\n";
-        return exitStatus(result.Result);
-    }
-    Language language = options.language();
-    bool ok = result.Result == PROCESS_OK;
-    const Text* verdict = ok ? &kConvertible : &kNotConvertible;
-    if (kind == Verdict::Written)
-        verdict = ok ? &kWritten : &kNotWritten;
-    else if (kind == Verdict::Conformity)
-        verdict = result.Conformity == 1 ? &kConvertible
-                  : result.Conformity == 2 ? &kConvertibleWithWarnings
-                                           : &kNotConvertible;
-    std::cout << title(language) << ": " << result.Result << "\n" << (*verdict)(language) << "\n";
-    printEntries(std::cout, result.DetailErrorInfo, "", language);
-    return exitStatus(result.Result);
+    std::cerr << "qzcsvconv: " << message << "\nRun 'qzcsvconv --help' for the commands and their arguments.\n";
+    return 2;
 }
 
-// The report XML of a convertible file, on standard output or into a file;
-// the verdict and the entries go to standard error when the XML takes
-// standard output.
-int reportXml(const QZICsvConvResultXML& result, const std::string& xml, const std::string& output,
-              const Options& options)
-{
-    if (options.json) {
-        nlohmann::json out = {
-            {"Result", result.Result},
-            {"DetailErrorInfo", result.DetailErrorInfo},
-            {"Conformity", result.Conformity},
-            {"Report", xml},
-        };
-        std::cout << out.dump(2) << "\n";
-    } else {
-        std::ostream& log = xml.empty() || !output.empty() ? std::cout : std::cerr;
-        Language language = options.language();
-        const Text& verdict = result.Conformity == 1   ? kConvertible
-                              : result.Conformity == 2 ? kConvertibleWithWarnings
-                                                       : kNotConvertible;
-        log << kReport(language) << ": " << result.Result << "\n" << verdict(language) << "\n";
-        printEntries(log, result.DetailErrorInfo, "", language);
-        if (!xml.empty() && output.empty())
-            std::cout << xml;
-    }
-    if (xml.empty())
-        return 1;
-    if (!output.empty() && !QZICsvConvSupport::WriteFile(output, xml)) {
-        std::cerr << "qzcsvconv: cannot write " << output << "\n";
-        return 1;
-    }
-    return 0;
-}
-
-// The whole content of a file, or of standard input for "-", byte for byte.
-std::optional<std::string> readData(const std::string& path)
-{
-    if (path == "-")
-        return std::string(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>());
-    std::ifstream in(path, std::ios::binary);
-    if (!in)
-        return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-}  // namespace
-
-int main(int argc, char** argv)
+int run(int argc, char** argv)
 {
     CLI::App app{"Checks CSV files before they become documents of the Fyla e-filing service.", "qzcsvconv"};
-    app.set_version_flag("--version", std::string("qzcsvconv ") + QZC_VERSION);
-    Options options;
-    app.add_option("--bundle", options.bundle, "Resource bundle folder to use instead of the installed one");
-    app.add_flag("--json", options.json, "Print one JSON object with the result's properties");
-    app.add_option("--lang", options.lang, "Language of the report")->check(CLI::IsMember({"ja", "en"}));
-    app.require_subcommand(1, 1);
+    app.set_version_flag("-V,--version", std::string("qzcsvconv ") + QZC_VERSION + "\nlibrary QZCsvConvXml " +
+                                             reinterpret_cast<const char*>(QZCsvConvXmlVersionString) +
+                                             "\nanswer schema " + kSchemaVersion);
+    app.footer(kFooter);
+    app.fallthrough();
+    app.allow_extras();
+    app.require_subcommand(0, 1);
 
-    std::string first, second;
-    CLI::App* xbrl = app.add_subcommand("xbrl", "Check a folder of financial statements CSV files");
-    xbrl->add_option("FOLDER", first, "Folder of the statements files")->required();
-    xbrl->add_option("STYLE_VERSION", second, "Style version, such as 3.0")->required();
-    auto addCheck = [&](const char* name, const char* description) {
+    Invocation call;
+    std::string bundle;
+    bool json = false;
+    std::string lang = defaultLanguage();
+    // A later option overrides an earlier one, so that scripts can add to a command line.
+    app.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+    app.add_option("--bundle", bundle, "Resource bundle folder to use instead of the installed one");
+    app.add_flag("--json", json, "Print one JSON object: the result's properties, Valid, Summary, Entries, Hints");
+    app.add_option("--name", call.inputName,
+                   "File name to check a CSV file on standard input under, such as HOI010_4.0_bank.csv");
+    app.add_option("--lang", lang, "Language of the report and of the messages (default from the locale)")
+        ->check(CLI::IsMember({"ja", "en"}));
+
+    std::vector<std::string> arguments(3);
+    auto addCommand = [&](const char* name, const char* description, const char* first, const char* firstHelp,
+                          const char* second, const char* secondHelp) {
         CLI::App* command = app.add_subcommand(name, description);
-        command->add_option("CSV", first, "CSV file")->required();
-        command->add_option("STYLE_VERSION", second, "Style version, such as 4.0")->required();
+        command->add_option(first, arguments[0], firstHelp)->required();
+        command->add_option(second, arguments[1], secondHelp)->required();
         return command;
     };
-    CLI::App* detail = addCheck("detail", "Check a detail statement CSV file (first form, no conformity)");
-    CLI::App* detail2 = addCheck("detail2", "Check a detail statement CSV file and report its conformity");
-    CLI::App* appended = addCheck("appended", "Check an appended table CSV file and report its conformity");
-    CLI::App* write = app.add_subcommand("write", "Write UTF-8 text as a Shift_JIS CSV file");
-    write->add_option("OUT", first, "CSV file to write")->required();
-    write->add_option("DATA_FILE", second, "File holding the UTF-8 text, - for standard input")->required();
-    std::string output;
-    CLI::App* report = addCheck("report", "Check a detail statement or appended table and print its report XML");
-    report->add_option("-o,--output", output, "Write the report XML to this file instead of standard output");
+    addCommand("xbrl", "Check a folder of financial statements CSV files (or one file)", "FOLDER",
+               "Folder of the statements files, or one of them", "STYLE_VERSION", "Style version, such as 3.0");
+    addCommand("detail", "Check a detail statement of the oldest style version of its form", "CSV",
+               "CSV file, - for standard input", "STYLE_VERSION", "Style version, such as 2.0");
+    addCommand("detail2", "Check a detail statement of a newer style version and tell its conformity", "CSV",
+               "CSV file, - for standard input", "STYLE_VERSION", "Style version, such as 4.0");
+    addCommand("appended", "Check an appended table and tell its conformity", "CSV",
+               "CSV file, - for standard input", "STYLE_VERSION", "Style version, such as 6.0");
+    addCommand("write", "Write UTF-8 text as a Shift_JIS CSV file", "OUT", "CSV file to write", "DATA_FILE",
+               "File holding the UTF-8 text, - for standard input");
+    addCommand("report", "Check a detail statement or appended table and print its report XML", "CSV",
+               "CSV file, - for standard input", "STYLE_VERSION", "Style version, such as 4.0")
+        ->add_option("-o,--output", call.output, "Write the report XML to this file instead of standard output");
+    addCommand("import-codes", "Turn a public account list into a code list of the bundle", "KIND",
+               "Statement kind: BS, PL, SC, SS, SE, SR or NT", "PUBLIC_LIST",
+               "The public account list saved as CSV (Shift_JIS or UTF-8)")
+        ->add_option("OUT", arguments[2], "Code list file to write")
+        ->required();
 
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& success) {
         return app.exit(success);
     } catch (const CLI::ParseError& error) {
-        app.exit(error);
-        return 2;
+        return usageError(error.what());
     }
-    if (!options.bundle.empty())
-        ::setenv(QZICsvConvSupport::BundleVariable(), options.bundle.c_str(), 1);
+    std::string commands;
+    for (const CLI::App* command : app.get_subcommands([](CLI::App*) { return true; }))
+        commands += (commands.empty() ? "" : ", ") + command->get_name();
+    if (app.get_subcommands().empty()) {
+        if (app.remaining().empty())
+            return usageError("a command is required: " + commands + ".");
+        return usageError("unknown command '" + app.remaining().front() + "'; the commands are " + commands + ".");
+    }
+    if (!app.remaining().empty())
+        return usageError("unexpected argument '" + app.remaining().front() + "'.");
 
-    QZICsvConvXML library;
-    if (*detail)
-        return reportDetail(library.CsvCheckToDetailAccountTitle(first.c_str(), second.c_str()), kDetailCheck,
-                            Verdict::Result, options);
-    if (*detail2)
-        return reportDetail(library.CsvCheckToDetailAccountTitle2(first.c_str(), second.c_str()), kDetailCheck,
-                            Verdict::Conformity, options);
-    if (*appended)
-        return reportDetail(library.CsvCheckToAppendedTable(first.c_str(), second.c_str()), kAppendedCheck,
-                            Verdict::Conformity, options);
-    if (*report) {
-        std::string xml;
-        QZICsvConvResultXML result = library.CsvReportToXml(first.c_str(), second.c_str(), xml);
-        return reportXml(result, xml, output, options);
+    if (!bundle.empty())
+        ::setenv(QZICsvConvSupport::BundleVariable(), bundle.c_str(), 1);
+    call.command = app.get_subcommands().front()->get_name();
+    call.language = lang == "en" ? Language::English : Language::Japanese;
+    if (call.command == "import-codes")
+        return ImportCodes(arguments[0], arguments[1], arguments[2], json, call.language);
+    arguments.pop_back();
+    call.arguments = arguments;
+    const Json answer = runCommand(call);
+    if (json) {
+        std::cout << answer.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+    } else {
+        // The report XML takes standard output unless it goes to a file.
+        const bool xmlOut = call.command == "report" && call.output.empty() && !answer["Report"].get<std::string>().empty();
+        printAnswer(xmlOut ? std::cerr : std::cout, answer, call.language);
+        if (xmlOut)
+            std::cout << answer["Report"].get<std::string>();
     }
-    if (*write) {
-        std::optional<std::string> data = readData(second);
-        if (!data) {
-            std::cerr << "qzcsvconv: cannot read " << second << "\n";
-            return 2;
-        }
-        return reportDetail(library.CsvWrite(first.c_str(), data->c_str()), kWrite, Verdict::Written, options);
+    return exitStatus(answer);
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return run(argc, argv);
+    } catch (const UsageError& error) {
+        return usageError(error.what());
+    } catch (const std::exception& error) {
+        std::cerr << "qzcsvconv: " << error.what() << "\n";
+    } catch (...) {
+        std::cerr << "qzcsvconv: unexpected failure\n";
     }
-    return reportFinancial(library.CsvCheckToXbrl2(first.c_str(), second.c_str()), options);
+    return 1;
 }

@@ -1,12 +1,12 @@
 #include "QZCDatValidDate.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 #include "QZCDatCsvFile.h"
 #include "QZCLog.h"
 #include "QZCMacOSNative.h"
+#include "QZCUtility.h"
 
 namespace {
 
@@ -41,10 +41,10 @@ constexpr int kLowerBits = 0x0F;
 constexpr int kBeforeLower = 2;
 constexpr int kAfterUpper = 16;
 
-// A date item holding '-' or '/' counts as 0; anything not a number too.
-long DateNumber(const char* item)
+// A date item holding '-' or '/' counts as 0; otherwise its leading digits.
+long long DateNumber(const char* item)
 {
-    return std::strpbrk(item, "-/") != nullptr ? 0 : std::strtol(item, nullptr, 10);
+    return std::strpbrk(item, "-/") != nullptr ? 0 : QZCUtility::LeadingDigits(item);
 }
 
 }  // namespace
@@ -91,9 +91,9 @@ int QZCDatValidDate::ValidateOuter(QZCDatCsvFile* csv, long row, long col)
 
 std::string QZCDatValidDate::GetDateString(QZCDatCsvFile* csv, long row, long col)
 {
-    const std::string era = GetEra(std::strtol(csv->GetItem(row, col), nullptr, 10));
+    const std::string era = GetEra(QZCUtility::LeadingDigits(csv->GetItem(row, col)));
     // Year, month and day; the coarser forms read fewer columns and take the first month or day.
-    long numbers[3] = {1, 1, 1};
+    long long numbers[3] = {1, 1, 1};
     bool allEmpty = era.empty();
     for (int part = 0; part < 3 - m_nPrecision; ++part) {
         const char* item = csv->GetItem(row, col + 1 + part);
@@ -104,7 +104,7 @@ std::string QZCDatValidDate::GetDateString(QZCDatCsvFile* csv, long row, long co
         return "";
     }
     char buffer[96];
-    std::snprintf(buffer, sizeof buffer, "%s%02ld/%02ld/%02ld", era.c_str(), numbers[0], numbers[1], numbers[2]);
+    std::snprintf(buffer, sizeof buffer, "%s%02lld/%02lld/%02lld", era.c_str(), numbers[0], numbers[1], numbers[2]);
     return buffer;
 }
 
@@ -115,7 +115,7 @@ std::string QZCDatValidDate::WarekiToSeireki(const std::string& eraDate)
     }
     const char* text = eraDate.c_str();
     const std::string name = QZCMacOSNative::subStringWithCharacterLength(text, 0, 2);
-    long year = std::atol(QZCMacOSNative::subStringWithCharacterLength(text, 2, 2).c_str());
+    long long year = QZCUtility::LeadingDigits(QZCMacOSNative::subStringWithCharacterLength(text, 2, 2));
     for (const EraYear& era : stEraYear) {
         if (name == era.name) {
             year += era.offset;

@@ -7,7 +7,8 @@
 
 // Validation definitions small enough to read at a glance: a deposits form
 // for the first (2.0) and the second (4.0) detail operation, an appended
-// table HOB016 6.0. Value checks report "HQZ9620E", which does not block.
+// table HOB016 6.0; none for HOI010 3.0. Value checks report "HQZ9620E",
+// which does not block.
 inline std::string DetailDefinition(const char* reportId, const char* version, bool appended = false)
 {
     const std::string head = std::string("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<root>\n  <report id=\"") +
@@ -49,6 +50,8 @@ private:
         writeBytes(bundle + "/AccountTitle/HOI010_2.0_vld.xml", DetailDefinition("HOI010", "2.0"));
         writeBytes(bundle + "/AccountTitle/HOI010_4.0_vld.xml", DetailDefinition("HOI010", "4.0"));
         writeBytes(bundle + "/AppendedTable/HOB016_6.0_vld.xml", DetailDefinition("HOB016", "6.0", true));
+        // A version of the version table without a definition.
+        std::filesystem::remove(bundle + "/AccountTitle/HOI010_3.0_vld.xml");
         return bundle;
     }
 

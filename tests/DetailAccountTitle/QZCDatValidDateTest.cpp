@@ -54,6 +54,22 @@ TEST(QZCDatValidExistdate, ImpossibleDatesAndLeapDays)
     EXPECT_EQ(CheckDate("existdate", "5,,,"), kBadDate);
 }
 
+TEST(QZCDatValidExistdate, DaysWhoseLocalMidnightWasSkipped)
+{
+    // Summer time began at midnight on these days in Tokyo (1948-51) and in
+    // São Paulo (2018); ctest runs this again under both zones.
+    for (const char* date : {"3,23,5,2", "3,24,4,3", "3,25,5,7", "3,26,5,6", "4,30,11,4"})
+        EXPECT_EQ(CheckDate("existdate", date), "") << date;
+}
+
+TEST(QZCDatValidExistdate, EraCodeYearMonthAndDayAreTheirLeadingDigits)
+{
+    for (const char* date : {"+5,5,4,1", "5,+5,4,1", "5,5,+4,1", "5,5,4,+1", "x5,5,4,1"})
+        EXPECT_EQ(CheckDate("existdate", date), kBadDate) << date;
+    for (const char* date : {"5x,5,4,1", "5,5y,4,1", "05,05,04,01"})
+        EXPECT_EQ(CheckDate("existdate", date), "") << date;
+}
+
 TEST(QZCDatValidExistdate, EmptyDateIsNotChecked)
 {
     EXPECT_EQ(CheckDate("existdate", ",,,"), "");

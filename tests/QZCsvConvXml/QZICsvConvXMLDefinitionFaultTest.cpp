@@ -41,9 +41,16 @@ std::vector<Target> ShippedTargets()
             files.push_back(entry.path());
         std::sort(files.begin(), files.end());
         for (const fs::path& file : files) {
-            // HOI010_4.0_vld.xml checks examples/detail/HOI010_4.0.csv as 4.0.
+            // HOI010_4.0_vld.xml checks examples/detail/HOI010_4.0_預貯金等.csv as
+            // 4.0; versions without an example there are left out.
             const std::string stem = file.filename().string().substr(0, file.filename().string().size() - 8);
-            const std::string csv = kExamples + "/detail/" + stem + ".csv";
+            std::string csv;
+            for (const auto& example : fs::directory_iterator(kExamples + "/detail")) {
+                if (example.path().filename().string().rfind(stem + "_", 0) == 0 && example.path().extension() == ".csv")
+                    csv = example.path().string();
+            }
+            if (csv.empty())
+                continue;
             const std::string version = stem.substr(stem.find('_') + 1);
             const bool appended = std::string(folder) == "AppendedTable";
             targets.push_back({std::string(folder) + "/" + file.filename().string(), [=] {
@@ -132,7 +139,7 @@ TEST(MalformedDefinitionTest, EveryShippedDefinitionWithAnUnknownKeyword)
 TEST(MalformedDefinitionTest, MissingParameterAndMinimumAboveMaximum)
 {
     for (const Target& target : ShippedTargets()) {
-        if (target.definition != "AccountTitle/HOI010_4.0_vld.xml" &&
+        if (target.definition != "AccountTitle/HOI110_3.0_vld.xml" &&
             target.definition != "AppendedTable/HOB016_6.0_vld.xml" && !target.Xbrl())
             continue;
         const std::string shipped = Shipped(target);

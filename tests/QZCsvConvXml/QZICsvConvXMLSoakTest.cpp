@@ -78,7 +78,7 @@ protected:
                                           QZICsvConvXML().CsvCheckToAppendedTable(path.c_str(), version.c_str()));
                                   }});
         }
-        const std::string clean = *QZCMacOSNative::sjisToUtf8(readBytes(kExamples + "/detail/HOI010_4.0.csv"));
+        const std::string clean = *QZCMacOSNative::sjisToUtf8(readBytes(kExamples + "/detail/HOI010_4.0_預貯金等.csv"));
         const struct {
             std::string name, path, data;
         } writes[] = {{"write clean", m_dir.file("clean.csv"), clean},

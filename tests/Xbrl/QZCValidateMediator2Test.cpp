@@ -97,10 +97,10 @@ const std::string kIncomeStatement = "A,PL,,,\n" + kHead +
     "損益計算書,,,,\n"
     "売上高,50000000,1,2,NetSales\n"
     "売上原価,,T,2,CostOfSalesAbstract\n"
-    "期首商品棚卸高,1000000,1,3,BeginningInventory\n"
-    "当期商品仕入高,30000000,1,3,Purchases\n"
-    "合計,31000000,1,3,TotalBeginningInventoryAndPurchases\n"
-    "期末商品棚卸高,1200000,1,3,EndingInventory\n"
+    "期首商品棚卸高,1000000,1,3,BeginningGoodsCOS\n"
+    "当期商品仕入高,30000000,1,3,CostOfPurchasedGoods\n"
+    "合計,31000000,1,3,TotalBeginningAndPurchaseOfGoods\n"
+    "期末商品棚卸高,1200000,1,3,EndingGoodsCOS\n"
     "売上原価合計,29800000,1,3,CostOfSales\n"
     "売上総利益,20200000,1,2,GrossProfit\n"
     "販売費及び一般管理費,,T,2,SellingGeneralAndAdministrativeExpensesAbstract\n"
@@ -113,7 +113,7 @@ const std::string kIncomeStatement = "A,PL,,,\n" + kHead +
     "法人税等,,T,2,IncomeTaxesAbstract\n"
     "法人税、住民税及び事業税,1900000,1,3,IncomeTaxesCurrent\n"
     "法人税等合計,1900000,1,3,IncomeTaxes\n"
-    "当期純利益,4300000,1,2,NetIncome\n";
+    "当期純利益,4300000,1,2,ProfitLoss\n";
 
 const std::string kManufacturingCost = "A,SC,,,\n" + kHead +
     "製造原価報告書,,,,\n"

@@ -39,13 +39,13 @@ static void checkDetailOperations(const char* examples)
         int64_t conformity;
         int hasErrors;
     } cases[] = {
-        /* The first detail check keeps the older file-name rule. */
-        {qzc_check_detail, "detail/HOI010_4.0.csv", "4.0", "E_FAIL", 0, 1},
-        {qzc_check_detail2, "detail/HOI010_4.0.csv", "4.0", "S_OK", 1, 0},
-        {qzc_check_detail2, "detail/HOI010_4.0_errors.csv", "4.0", "S_OK", 2, 1},
-        {qzc_check_appended, "detail/HOB016_6.0.csv", "6.0", "S_OK", 1, 0},
+        {qzc_check_detail, "detail/earlier-versions/HOI020_1.1_受取手形.csv", "1.1", "S_OK", 0, 0},
+        {qzc_check_detail, "detail/HOI010_4.0_預貯金等.csv", "4.0", "E_FAIL", 0, 1},
+        {qzc_check_detail2, "detail/HOI010_4.0_預貯金等.csv", "4.0", "S_OK", 1, 0},
+        {qzc_check_detail2, "detail/with-errors/HOI010_4.0_預貯金等.csv", "4.0", "S_OK", 2, 1},
+        {qzc_check_appended, "detail/HOB016_6.0_控除所得税額.csv", "6.0", "S_OK", 1, 0},
         {qzc_check_detail2, NULL, "4.0", "E_FAIL", 0, 1},
-        {qzc_check_appended, "detail/HOB016_6.0.csv", "\xff", "E_FAIL", 0, 1},
+        {qzc_check_appended, "detail/HOB016_6.0_控除所得税額.csv", "\xff", "E_FAIL", 0, 1},
     };
     for (size_t i = 0; i < sizeof cases / sizeof cases[0]; ++i) {
         char* path = cases[i].file ? join(examples, cases[i].file) : NULL;
@@ -64,7 +64,7 @@ static void checkDetailOperations(const char* examples)
 
 static void checkReport(const char* examples)
 {
-    char* path = join(examples, "detail/HOI110_3.0.csv");
+    char* path = join(examples, "detail/HOI110_3.0_借入金.csv");
     qzc_result* result = qzc_report(path, "3.0");
     CHECK(same(qzc_result_code(result), "S_OK"));
     CHECK(qzc_result_conformity(result) == 1);

@@ -22,11 +22,12 @@ def tool_answer(*arguments):
 class SameAnswerAsTheTool(unittest.TestCase):
     def test_checks(self):
         cases = [
-            (qzcsvconv.check_detail, "detail", "detail/HOI010_4.0_errors.csv", "4.0"),
-            (qzcsvconv.check_detail2, "detail2", "detail/HOI010_4.0_errors.csv", "4.0"),
-            (qzcsvconv.check_detail2, "detail2", "detail/HOI010_4.0.csv", "3.0"),
-            (qzcsvconv.check_appended, "appended", "detail/HOB016_6.0.csv", "6.0"),
-            (qzcsvconv.report, "report", "detail/HOI110_3.0.csv", "3.0"),
+            (qzcsvconv.check_detail, "detail", "detail/earlier-versions/HOI020_1.1_受取手形.csv", "1.1"),
+            (qzcsvconv.check_detail, "detail", "detail/with-errors/HOI010_4.0_預貯金等.csv", "4.0"),
+            (qzcsvconv.check_detail2, "detail2", "detail/with-errors/HOI010_4.0_預貯金等.csv", "4.0"),
+            (qzcsvconv.check_detail2, "detail2", "detail/HOI010_4.0_預貯金等.csv", "3.0"),
+            (qzcsvconv.check_appended, "appended", "detail/HOB016_6.0_控除所得税額.csv", "6.0"),
+            (qzcsvconv.report, "report", "detail/HOI110_3.0_借入金.csv", "3.0"),
             (qzcsvconv.check_statements, "xbrl", "financial-statements-with-errors", "3.0"),
             (qzcsvconv.check_statements, "xbrl", "financial-statements", "3.0"),
             (qzcsvconv.check_statements, "xbrl", "no-such-folder", "3.0"),
@@ -64,8 +65,8 @@ class SameAnswerAsTheTool(unittest.TestCase):
 
 class Entries(unittest.TestCase):
     def test_entries_are_parsed(self):
-        result = qzcsvconv.check_detail2(os.path.join(EXAMPLES, "detail/HOI010_4.0_errors.csv"), "4.0")
-        self.assertEqual(result.errors[0], qzcsvconv.ErrorEntry(2, 3, "HQZ9620E"))
+        result = qzcsvconv.check_detail2(os.path.join(EXAMPLES, "detail/with-errors/HOI010_4.0_預貯金等.csv"), "4.0")
+        self.assertEqual(result.errors[0], qzcsvconv.ErrorEntry(1, 4, "HQZ9620E"))
         self.assertEqual(len(result.errors), len(result.error_info.split(",")))
         statements = qzcsvconv.check_statements(os.path.join(EXAMPLES, "financial-statements-with-errors"), "3.0")
         self.assertEqual(statements.files[1].errors,
