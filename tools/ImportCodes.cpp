@@ -159,9 +159,9 @@ ImportedCodeList ConvertPublicAccountList(const std::string& kind, const std::st
                                                           : "CurrentYearNonConsolidatedDuration";
         const std::string fields[] = {key,    period,     balance, abstract ? "true" : "", tuple ? "tuple" : "",
                                       parent, label,      group,   row[kElementName],      context};
-        std::string out;
-        for (const std::string& field : fields)
-            out += (out.empty() ? "" : ",") + csvField(field);
+        std::string out = csvField(fields[0]);
+        for (size_t column = 1; column < std::size(fields); ++column)
+            out += "," + csvField(fields[column]);
         if (!QZICsvConvSupport::Utf8ToShiftJIS(out))
             return refuse(line, "Shift_JIS で書けない文字があります。", "characters without a Shift_JIS form");
         list.text += out + "\r\n";
@@ -193,7 +193,9 @@ int ImportCodes(const std::string& kind, const std::string& publicList, const st
         problem = output + pick(language, ": 書き込めません。", ": cannot be written");
 
     if (json) {
-        nlohmann::json out = {{"Result", problem.empty() ? PROCESS_OK : PROCESS_FAIL},
+        nlohmann::json out = {{"Command", "import-codes"},
+                              {"Arguments", {kind, publicList, output}},
+                              {"Result", problem.empty() ? PROCESS_OK : PROCESS_FAIL},
                               {"Rows", problem.empty() ? list.rows : 0},
                               {"Message", problem}};
         std::cout << out.dump(2) << "\n";

@@ -1,20 +1,18 @@
 // The import of a public account list: the code list it writes, the lists it
 // refuses, and statements written with the public codes checked against the
 // imported list.
-#include <cstdlib>
 #include <filesystem>
 #include <iterator>
 #include <map>
 #include <string>
 #include <vector>
 
-#include <sys/wait.h>
-
 #include <gtest/gtest.h>
 
 #include "ImportCodes.h"
 #include "QZICsvConvSupport.h"
 #include "TestSupport.h"
+#include "ToolSupport.h"
 
 namespace {
 
@@ -99,17 +97,11 @@ std::map<std::string, std::vector<std::string>> codeListRows(const std::string& 
     return rows;
 }
 
-int runTool(const std::string& arguments)
-{
-    int status = std::system((std::string(QZC_TOOL) + " " + arguments + " >/dev/null 2>&1").c_str());
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
 TEST(ImportCodes, GivesEveryPublicRowItsKeyParentAndAttributes)
 {
     TempDir dir;
     writeShiftJis(dir.file("public.csv"), publicList());
-    ASSERT_EQ(runTool("import-codes BS " + dir.file("public.csv") + " " + dir.file("codes.csv")), 0);
+    ASSERT_EQ(runTool("import-codes BS " + dir.file("public.csv") + " " + dir.file("codes.csv")).status, 0);
 
     const auto rows = codeListRows(dir.file("codes.csv"));
     EXPECT_EQ(rows.size(), std::size(kRows));
@@ -124,7 +116,7 @@ TEST(ImportCodes, GivesEveryPublicRowItsKeyParentAndAttributes)
 
     // The same list saved as UTF-8 with a byte order mark gives the same file.
     writeBytes(dir.file("public-utf8.csv"), "\xEF\xBB\xBF" + publicList());
-    ASSERT_EQ(runTool("import-codes BS " + dir.file("public-utf8.csv") + " " + dir.file("codes-utf8.csv")), 0);
+    ASSERT_EQ(runTool("import-codes BS " + dir.file("public-utf8.csv") + " " + dir.file("codes-utf8.csv")).status, 0);
     EXPECT_EQ(readBytes(dir.file("codes-utf8.csv")), readBytes(dir.file("codes.csv")));
 }
 
