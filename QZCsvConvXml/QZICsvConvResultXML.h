@@ -1,10 +1,12 @@
 #pragma once
 
+#include "QZICsvConvExport.h"
+
 #include <cstdint>
 #include <string>
 
 // Result of a detail-statement check or a CSV write as the host receives it.
-class QZICsvConvResultXML {
+class QZC_EXPORT QZICsvConvResultXML {
 public:
     std::string Result;
     std::string DetailErrorInfo;
