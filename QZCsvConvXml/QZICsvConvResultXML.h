@@ -1,5 +1,7 @@
 #pragma once
 
+#include "QZICsvConvExport.h"
+
 #include <cstdint>
 #include <string>
 
@@ -12,7 +14,7 @@ enum QZIConformity : int64_t {
 };
 
 // Result of a detail-statement check or a CSV write as the host receives it.
-class QZICsvConvResultXML {
+class QZC_EXPORT QZICsvConvResultXML {
 public:
     std::string Result;
     std::string DetailErrorInfo;

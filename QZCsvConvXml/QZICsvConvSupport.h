@@ -1,5 +1,7 @@
 #pragma once
 
+#include "QZICsvConvExport.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -8,7 +10,7 @@
 // Services of the library for programs built on its interface, so that they
 // write files, convert Shift_JIS and read error entries exactly as the
 // library's own operations do.
-class QZICsvConvSupport {
+class QZC_EXPORT QZICsvConvSupport {
 public:
     // One entry of an error text: "0012-00003-HQZ9300E" is line 12, column 3,
     // code "HQZ9300E". Line 9999 marks an argument (column = its number),

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "QZICsvConvExport.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -15,7 +17,7 @@ enum QZICheckResult : long {
 
 // Result of the financial statements check as the host receives it. Element
 // i of every array belongs to the same file.
-class QZICsvConvXbrlResultXML {
+class QZC_EXPORT QZICsvConvXbrlResultXML {
 public:
     std::string Result;
     std::string DetailErrorInfo;
