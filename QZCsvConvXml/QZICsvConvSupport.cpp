@@ -3,7 +3,7 @@
 #include <unicode/ustring.h>
 
 #include "QZCCsvFile.h"
-#include "QZCDatCsvFile.h"
+#include "QZCCsvTokenizer.h"
 #include "QZCDOMParser.h"
 #include "QZCErrorInfo.h"
 #include "QZCFileWriter.h"
@@ -74,21 +74,16 @@ std::vector<std::vector<std::string>> QZICsvConvSupport::ParseCsv(const std::str
 
 std::vector<std::vector<QZICsvConvSupport::CsvField>> QZICsvConvSupport::SplitDetailCsv(const std::string& text)
 {
-    QZCDatCsvFile csv;
-    std::vector<std::vector<QZCDatCsvFile::FieldSpan>> spans;
-    try {
-        csv.SplitWithSpans(text.c_str(), spans);
-    } catch (...) {
-        return {};
-    }
-    std::vector<std::vector<CsvField>> records(spans.size());
-    for (size_t record = 0; record < spans.size(); ++record) {
-        for (size_t field = 0; field < spans[record].size(); ++field) {
-            const QZCDatCsvFile::FieldSpan& span = spans[record][field];
-            records[record].push_back(CsvField{csv.GetItem(static_cast<int64_t>(record), static_cast<int64_t>(field)),
-                                               span.begin, span.end});
-        }
-    }
+    std::vector<std::vector<CsvField>> records(1);
+    QZCCsvTokenizer::Split(std::string_view(text.c_str()), QZCCsvTokenizer::QuotedEnd::DropsEmptyRecord,
+                           [&](std::string_view field, bool endOfRecord, QZCCsvTokenizer::Span span) {
+                               records.back().push_back(CsvField{std::string(field), span.begin, span.end});
+                               if (endOfRecord)
+                                   records.emplace_back();
+                               return true;
+                           });
+    // The record the last line end opened holds nothing.
+    records.pop_back();
     return records;
 }
 

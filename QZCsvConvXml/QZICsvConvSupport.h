@@ -1,5 +1,7 @@
 #pragma once
 
+#include "QZICsvConvExport.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -8,7 +10,7 @@
 // Services of the library for programs built on its interface, so that they
 // write files, convert Shift_JIS and read error entries exactly as the
 // library's own operations do.
-class QZICsvConvSupport {
+class QZC_EXPORT QZICsvConvSupport {
 public:
     // One entry of an error text: "0012-00003-HQZ9300E" is line 12, column 3,
     // code "HQZ9300E". Line 9999 marks an argument (column = its number),
@@ -53,8 +55,7 @@ public:
     // as the detail operations split them: each field's value as they read
     // it, and the bytes [begin, end) of the text it was read from: from its
     // first byte up to the separator or line end after it, so quotes and
-    // the blanks trimmed off included. The text ends at a NUL byte; a text
-    // of 4 GB or more has no records.
+    // the blanks trimmed off included. The text ends at a NUL byte.
     struct CsvField {
         std::string value;
         size_t begin = 0;

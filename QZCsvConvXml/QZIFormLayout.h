@@ -1,5 +1,7 @@
 #pragma once
 
+#include "QZICsvConvExport.h"
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,7 +12,7 @@
 // label and its checks, and which of those checks a record fails, judged by
 // the library's own checks. Not reentrant, like the operations: use it
 // between them.
-class QZIFormLayout {
+class QZC_EXPORT QZIFormLayout {
 public:
     // The operation that checks a file: the first detail operation takes the
     // oldest style version of each detail form, the second detail operation
