@@ -31,7 +31,7 @@ std::unique_ptr<QZCDatXMLManager> StartManager(uint16_t typeCase, const char* la
         return manager;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG(label, "予期せぬ例外が発生しました。");
+        QZC_LOG(label, QZCLog::kUnexpected);
         return nullptr;
     }
 }
@@ -121,7 +121,7 @@ QZCXbrlResult* QZCCsvConvXML::CsvCheckToXbrl2(const char* csvFolder, const char*
     } catch (...) {
         // The check could not run to its end: no per-file records.
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("CsvCheckToXbrl2", "予期せぬ例外が発生しました。");
+        QZC_LOG("CsvCheckToXbrl2", QZCLog::kUnexpected);
         result = PROCESS_FAIL;
     }
     record.SetResult(result);
@@ -258,7 +258,7 @@ QZCCsvConvResultXML* QZCCsvConvXML::CsvWrite(const char* outputPath, const char*
             written = WriteFileData(QZCPublicFunction::StringTrim(outputPath).c_str(), data);
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCCsvConvXML::CsvWrite", "予期せぬ例外が発生しました。");
+        QZC_LOG("QZCCsvConvXML::CsvWrite", QZCLog::kUnexpected);
     }
     return Conclude(record, written);
 }

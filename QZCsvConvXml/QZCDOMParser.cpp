@@ -213,57 +213,42 @@ bool QZCDOMParser::adopt(DOMDocument* document)
     return document != nullptr;
 }
 
+int QZCDOMParser::MoveTo(DOMNode* node)
+{
+    if (!node)
+        return -1;
+    m_pCurrentNode = node;
+    return 0;
+}
+
 int QZCDOMParser::MoveRoot()
 {
-    if (!m_pDocument || !m_pDocument->getDocumentElement())
-        return -1;
-    m_pCurrentNode = m_pDocument->getDocumentElement();
-    return 0;
+    return MoveTo(m_pDocument ? m_pDocument->getDocumentElement() : nullptr);
 }
 
 int QZCDOMParser::MoveParent()
 {
-    DOMNode* parent = m_pCurrentNode ? m_pCurrentNode->getParentNode() : nullptr;
-    if (!parent)
-        return -1;
-    m_pCurrentNode = parent;
-    return 0;
+    return MoveTo(m_pCurrentNode ? m_pCurrentNode->getParentNode() : nullptr);
 }
 
 int QZCDOMParser::MoveFirstChild()
 {
-    DOMNode* child = m_pCurrentNode ? elementFrom(m_pCurrentNode->getFirstChild(), true) : nullptr;
-    if (!child)
-        return -1;
-    m_pCurrentNode = child;
-    return 0;
+    return MoveTo(m_pCurrentNode ? elementFrom(m_pCurrentNode->getFirstChild(), true) : nullptr);
 }
 
 int QZCDOMParser::MoveLastChild()
 {
-    DOMNode* child = m_pCurrentNode ? elementFrom(m_pCurrentNode->getLastChild(), false) : nullptr;
-    if (!child)
-        return -1;
-    m_pCurrentNode = child;
-    return 0;
+    return MoveTo(m_pCurrentNode ? elementFrom(m_pCurrentNode->getLastChild(), false) : nullptr);
 }
 
 int QZCDOMParser::MoveNextSibling()
 {
-    DOMNode* sibling = m_pCurrentNode ? elementFrom(m_pCurrentNode->getNextSibling(), true) : nullptr;
-    if (!sibling)
-        return -1;
-    m_pCurrentNode = sibling;
-    return 0;
+    return MoveTo(m_pCurrentNode ? elementFrom(m_pCurrentNode->getNextSibling(), true) : nullptr);
 }
 
 int QZCDOMParser::MovePrevSibling()
 {
-    DOMNode* sibling = m_pCurrentNode ? elementFrom(m_pCurrentNode->getPreviousSibling(), false) : nullptr;
-    if (!sibling)
-        return -1;
-    m_pCurrentNode = sibling;
-    return 0;
+    return MoveTo(m_pCurrentNode ? elementFrom(m_pCurrentNode->getPreviousSibling(), false) : nullptr);
 }
 
 bool QZCDOMParser::HasChild() const

@@ -44,6 +44,8 @@ public:
 private:
     // Makes a freshly parsed document current, cursor on its root.
     bool adopt(XERCES_CPP_NAMESPACE::DOMDocument* document);
+    // Makes node current; -1 and the cursor unmoved when there is none.
+    int MoveTo(XERCES_CPP_NAMESPACE::DOMNode* node);
 
     XERCES_CPP_NAMESPACE::DOMDocument* m_pDocument = nullptr;
     XERCES_CPP_NAMESPACE::XercesDOMParser* m_pParser = nullptr;

@@ -11,6 +11,8 @@ public:
 
     // Name of the environment variable that switches logging on.
     static constexpr const char* kSwitchVariable = "org.qzcsvconvxml.QZFylaCsvConv.DebugOutput";
+    // The record of an exception no check expected.
+    static constexpr const char* kUnexpected = "予期せぬ例外が発生しました。";
 
     static void InitDebugDump();
     static void OutputLog(const char* sourceFile, int64_t line, const char* label, const char* message);

@@ -6,12 +6,6 @@
 #include "QZCLog.h"
 #include "QZCUtility.h"
 
-namespace {
-
-constexpr const char* kUnexpected = "予期せぬ例外が発生しました。";
-
-}  // namespace
-
 QZCAccountBook2::QZCAccountBook2()
 {
     initBookType2Prefix();
@@ -36,7 +30,7 @@ bool QZCAccountBook2::SetElementName()
         return true;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCAccountBook2::SetElementName", kUnexpected);
+        QZC_LOG("QZCAccountBook2::SetElementName", QZCLog::kUnexpected);
         return false;
     }
 }
@@ -56,7 +50,7 @@ bool QZCAccountBook2::SetDataWithProperty(const QZCKamokuCodeListCSV& codeList)
         return ok;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCAccountBook2::SetDataWithProperty", kUnexpected);
+        QZC_LOG("QZCAccountBook2::SetDataWithProperty", QZCLog::kUnexpected);
         return false;
     }
 }
@@ -68,7 +62,7 @@ bool QZCAccountBook2::SetAccountItems(std::vector<QZCAccountItem2> items)
         return SetLayerPathToAccountItems();
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCAccountBook2::SetAccountItems", kUnexpected);
+        QZC_LOG("QZCAccountBook2::SetAccountItems", QZCLog::kUnexpected);
         return false;
     }
 }
@@ -82,7 +76,7 @@ bool QZCAccountBook2::SetLayerPathToAccountItems()
         return true;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCAccountBook2::SetLayerPathToAccountItems", kUnexpected);
+        QZC_LOG("QZCAccountBook2::SetLayerPathToAccountItems", QZCLog::kUnexpected);
         return false;
     }
 }

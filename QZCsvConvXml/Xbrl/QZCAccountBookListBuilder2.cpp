@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr const char* kUnexpected = "予期せぬ例外が発生しました。";
 constexpr int kRootLayer = 1;
 constexpr int kMaxCheckedLayer = 5000;
 // Line on which the title of the first statement stands.
@@ -66,7 +65,7 @@ bool QZCAccountBookListBuilder2::AnalyzeFinancialStatement(const QZCFinancialSta
         return commitAccountItemList(book, pending) && ok;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCAccountBookListBuilder2::AnalyzeFinancialStatement", kUnexpected);
+        QZC_LOG("QZCAccountBookListBuilder2::AnalyzeFinancialStatement", QZCLog::kUnexpected);
         return false;
     }
 }
@@ -81,7 +80,7 @@ bool QZCAccountBookListBuilder2::SetPropertyAfterLayered(const QZCKamokuCodeList
         return ok;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCAccountBookListBuilder2::SetPropertyAfterLayered", kUnexpected);
+        QZC_LOG("QZCAccountBookListBuilder2::SetPropertyAfterLayered", QZCLog::kUnexpected);
         return false;
     }
 }
@@ -147,7 +146,7 @@ bool QZCAccountBookListBuilder2::IntegrateBookData(QZCAccountBook2& book, std::v
         return true;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCAccountBookListBuilder2::IntegrateBookData", kUnexpected);
+        QZC_LOG("QZCAccountBookListBuilder2::IntegrateBookData", QZCLog::kUnexpected);
         return false;
     }
 }

@@ -4,12 +4,6 @@
 #include "QZCLog.h"
 #include "QZCUtility.h"
 
-namespace {
-
-constexpr const char* kUnexpected = "予期せぬ例外が発生しました。";
-
-}  // namespace
-
 bool QZCAccountBookValidator::MakeValidItems(QZCDOMParser& parser, const std::string& itemId)
 {
     try {
@@ -30,7 +24,7 @@ bool QZCAccountBookValidator::MakeValidItems(QZCDOMParser& parser, const std::st
         return true;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCAccountBookValidator:: MakeValidItems", kUnexpected);
+        QZC_LOG("QZCAccountBookValidator:: MakeValidItems", QZCLog::kUnexpected);
         return false;
     }
 }
@@ -46,7 +40,7 @@ bool QZCAccountBookValidator::DoCheck(const Line& line, int row)
         return true;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCAccountBookValidator:: DoCheck", kUnexpected);
+        QZC_LOG("QZCAccountBookValidator:: DoCheck", QZCLog::kUnexpected);
         return false;
     }
 }

@@ -61,7 +61,7 @@ bool QZCAccountItem::SetCsvData(const Line& line, int rowNo)
         return true;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCAccountItem::SetCsvData", "予期せぬ例外が発生しました。");
+        QZC_LOG("QZCAccountItem::SetCsvData", QZCLog::kUnexpected);
         return false;
     }
 }

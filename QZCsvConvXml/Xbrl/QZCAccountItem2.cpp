@@ -58,7 +58,7 @@ bool QZCAccountItem2::SetAttrFromKamokuListProperty(const std::string& kindCode,
         return ok;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCAccountItem2::SetAttrFromKamokuListProperty", "予期せぬ例外が発生しました。");
+        QZC_LOG("QZCAccountItem2::SetAttrFromKamokuListProperty", QZCLog::kUnexpected);
         return false;
     }
 }

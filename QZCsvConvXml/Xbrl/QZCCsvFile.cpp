@@ -55,7 +55,7 @@ bool QZCCsvFile::ParseCsvData(const char* text)
                                       });
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCCsvFile::ParseCsvData", "予期せぬ例外が発生しました。");
+        QZC_LOG("QZCCsvFile::ParseCsvData", QZCLog::kUnexpected);
         return false;
     }
 }

@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr const char* kUnexpected = "予期せぬ例外が発生しました。";
 constexpr size_t kNameColumn = 0;
 constexpr size_t kParentColumn = 5;
 constexpr size_t kSubstitutionGroupColumn = 7;
@@ -47,7 +46,7 @@ bool QZCKamokuCodeListCSV::ReadCsvFile(const char* folder, const std::vector<QZC
             const auto file = m_mapFiles.find(kind);
             if (file == m_mapFiles.end()) {
                 QZCUtility::AddOtherExceptionErrorInfo();
-                QZC_LOG("QZCKamokuCodeListCSV::ReadCsvFile", kUnexpected);
+                QZC_LOG("QZCKamokuCodeListCSV::ReadCsvFile", QZCLog::kUnexpected);
                 return false;
             }
             QZCCsvFile::InitMembers();
@@ -59,7 +58,7 @@ bool QZCKamokuCodeListCSV::ReadCsvFile(const char* folder, const std::vector<QZC
         return true;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCKamokuCodeListCSV::ReadCsvFile", kUnexpected);
+        QZC_LOG("QZCKamokuCodeListCSV::ReadCsvFile", QZCLog::kUnexpected);
         return false;
     }
 }
@@ -83,7 +82,7 @@ bool QZCKamokuCodeListCSV::MakeMap(const std::string& bookTypeId, const Lines& r
         return true;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCKamokuCodeListCSV::MakeMap", kUnexpected);
+        QZC_LOG("QZCKamokuCodeListCSV::MakeMap", QZCLog::kUnexpected);
         return false;
     }
 }

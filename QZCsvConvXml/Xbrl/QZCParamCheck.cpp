@@ -17,7 +17,6 @@ const std::string generalChackErrorList[QZC_GENERAL_CHECK_ERROR_COUNT] = {
 
 namespace {
 
-constexpr const char* kUnexpected = "予期せぬ例外が発生しました。";
 constexpr const char* kEitherFileOrFolder = "財務諸表CSVはファイルまたはフォルダのいずれかを設定してください。";
 
 }  // namespace
@@ -119,7 +118,7 @@ CheckFileRS QZCParamCheck::CheckPathString(const std::string& path, const std::v
         extension = QZCMacOSNative::getPathExtension(path.c_str());
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCParamCheck::CheckPathString", kUnexpected);
+        QZC_LOG("QZCParamCheck::CheckPathString", QZCLog::kUnexpected);
         return CHECK_FILE_EXCEPTION;
     }
     for (const std::string& allowed : extensions) {
@@ -152,7 +151,7 @@ CheckFileRS QZCParamCheck::CheckFile(const std::string& path)
         return CHECK_FILE_OK;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG(kLabel, kUnexpected);
+        QZC_LOG(kLabel, QZCLog::kUnexpected);
         return CHECK_FILE_EXCEPTION;
     }
 }
@@ -180,7 +179,7 @@ bool QZCParamCheck::GetFileNameList(const std::string& folder, std::vector<std::
     const bool listed = QZCMacOSNative::getFilesUnderFolder(folder.c_str(), names);
     if (!listed) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCParamCheck::GetFileNameList", kUnexpected);
+        QZC_LOG("QZCParamCheck::GetFileNameList", QZCLog::kUnexpected);
     }
     return listed;
 }

@@ -144,7 +144,7 @@ bool QZCProcFacade::CsvCheck2(const char* csvFile, const char* csvFolder, const 
         appendResults(files, results);
         return true;
     } catch (...) {
-        QZC_LOG("QZCProcFacade::CsvCheck2", "予期せぬ例外が発生しました。");
+        QZC_LOG("QZCProcFacade::CsvCheck2", QZCLog::kUnexpected);
         throw;
     }
 }

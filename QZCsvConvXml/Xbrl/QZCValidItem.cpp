@@ -23,7 +23,6 @@
 
 namespace {
 
-constexpr const char* kUnexpected = "予期せぬ例外が発生しました。";
 
 template <typename T>
 QZCValidItem* create()
@@ -86,7 +85,7 @@ bool QZCValidItem::SetCommonInfo(QZCDOMParser& parser, const std::string& itemId
         return true;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCValidItem::SetCommonInfo", kUnexpected);
+        QZC_LOG("QZCValidItem::SetCommonInfo", QZCLog::kUnexpected);
         return false;
     }
 }
@@ -118,7 +117,7 @@ bool QZCValidItem::defineWith(QZCDOMParser& parser, const std::string& itemId, c
         return true;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG(label, kUnexpected);
+        QZC_LOG(label, QZCLog::kUnexpected);
         return false;
     }
 }
@@ -160,7 +159,7 @@ QZCValidItem* QZCValidItem::CreateValidItem(QZCDOMParser& parser, const std::str
         return nullptr;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCValidItem::CreateValidItem", kUnexpected);
+        QZC_LOG("QZCValidItem::CreateValidItem", QZCLog::kUnexpected);
         return nullptr;
     }
 }

@@ -20,7 +20,7 @@ bool QZCValidateMediator::ExecCheck(const QZCCsvFile& csv)
         return passed && g_mlErrors.empty();
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCValidateMediator::ExecCheck", "予期せぬ例外が発生しました。");
+        QZC_LOG("QZCValidateMediator::ExecCheck", QZCLog::kUnexpected);
         return false;
     }
 }

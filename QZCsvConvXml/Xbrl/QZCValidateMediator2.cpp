@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr const char* kUnexpected = "予期せぬ例外が発生しました。";
 constexpr size_t kAbstractColumn = 3;
 constexpr size_t kTupleColumn = 4;
 constexpr size_t kParentColumn = 5;
@@ -128,7 +127,7 @@ bool QZCValidateMediator2::ConstructValidators()
         return true;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCValidateMediator2::ConstructValidators", kUnexpected);
+        QZC_LOG("QZCValidateMediator2::ConstructValidators", QZCLog::kUnexpected);
         return false;
     }
 }
@@ -304,7 +303,7 @@ bool QZCValidateMediator2::ExecCheckAfterLayered(const std::vector<QZCAccountBoo
         return ok;
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
-        QZC_LOG("QZCValidateMediator2::ExecCheckAfterLayered", kUnexpected);
+        QZC_LOG("QZCValidateMediator2::ExecCheckAfterLayered", QZCLog::kUnexpected);
         return false;
     }
 }
