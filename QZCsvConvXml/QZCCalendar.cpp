@@ -12,8 +12,9 @@
 
 namespace {
 
-// Cached date formatters, created on first use.
-std::unique_ptr<icu::SimpleDateFormat> gDateTimeFormat[4];
+// Cached date formatters, created on first use. A formatter is not to be
+// used by two threads at once, so each thread has its own.
+thread_local std::unique_ptr<icu::SimpleDateFormat> gDateTimeFormat[4];
 
 icu::SimpleDateFormat* dateFormatter(int index)
 {

@@ -4,8 +4,6 @@
 #include <new>
 #include <vector>
 
-#include <xercesc/util/PlatformUtils.hpp>
-
 #include "QZCCsvConvResultXML.h"
 #include "QZCDatXMLManager.h"
 #include "QZCLog.h"
@@ -15,9 +13,6 @@
 #include "QZCUtility.h"
 #include "QZCXbrlResult.h"
 #include "QZICsvConvXML.h"
-
-QZCCsvConvResultXML* QZCCsvConvXML::m_pResult = nullptr;
-QZCXbrlResult* QZCCsvConvXML::m_pXbrlResult = nullptr;
 
 namespace {
 
@@ -51,52 +46,19 @@ QZCCsvConvResultXML* Conclude(QZCCsvConvResultXML* record, bool passed)
 QZCCsvConvXML::QZCCsvConvXML()
 {
     QZCLog::InitDebugDump();
-    // One reference held for the life of the process: without it the last
-    // facade's Terminate frees the parser's static tables and every next
-    // operation builds them again.
-    static const bool platformKept = (XERCES_CPP_NAMESPACE::XMLPlatformUtils::Initialize(), true);
-    (void)platformKept;
-    XERCES_CPP_NAMESPACE::XMLPlatformUtils::Initialize();
 }
 
 QZCCsvConvXML::~QZCCsvConvXML()
 {
-    XERCES_CPP_NAMESPACE::XMLPlatformUtils::Terminate();
     QZCUtility::ClearErrorInfo();
     g_nRecordCount = 0;
-    ReleaseResult();
-    ReleaseXbrlResult();
-}
-
-bool QZCCsvConvXML::CreateResult()
-{
-    if (!m_pResult)
-        m_pResult = new (std::nothrow) QZCCsvConvResultXML;
-    return m_pResult != nullptr;
-}
-
-void QZCCsvConvXML::ReleaseResult()
-{
-    delete m_pResult;
-    m_pResult = nullptr;
-}
-
-bool QZCCsvConvXML::CreateXbrlResult()
-{
-    if (!m_pXbrlResult)
-        m_pXbrlResult = new (std::nothrow) QZCXbrlResult;
-    return m_pXbrlResult != nullptr;
-}
-
-void QZCCsvConvXML::ReleaseXbrlResult()
-{
-    delete m_pXbrlResult;
-    m_pXbrlResult = nullptr;
 }
 
 QZCXbrlResult* QZCCsvConvXML::CsvCheckToXbrl2(const char* csvFolder, const char* styleVersion)
 {
-    if (!CreateXbrlResult())
+    if (!m_pXbrlResult)
+        m_pXbrlResult.reset(new (std::nothrow) QZCXbrlResult);
+    if (!m_pXbrlResult)
         return nullptr;
     QZCXbrlResult& record = *m_pXbrlResult;
     record.Initialize();
@@ -130,12 +92,14 @@ QZCXbrlResult* QZCCsvConvXML::CsvCheckToXbrl2(const char* csvFolder, const char*
 
 QZCCsvConvResultXML* QZCCsvConvXML::StartResult()
 {
-    if (!CreateResult())
+    if (!m_pResult)
+        m_pResult.reset(new (std::nothrow) QZCCsvConvResultXML);
+    if (!m_pResult)
         return nullptr;
     m_pResult->Initialize();
     QZCUtility::ClearErrorInfo();
     g_nRecordCount = 0;
-    return m_pResult;
+    return m_pResult.get();
 }
 
 QZCCsvConvResultXML* QZCCsvConvXML::CsvCheckToDetailAccountTitle(const char* csvPath, const char* styleVersion)

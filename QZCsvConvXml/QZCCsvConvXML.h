@@ -1,15 +1,18 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 class QZCCsvConvResultXML;
 class QZCXbrlResult;
 
-// Runs one operation of the library. Constructing it switches the debug log
-// on when asked for and initialises the XML platform; destroying it ends the
-// XML platform, empties the error list and deletes the result records, so
-// nothing survives from one operation to the next.
+// Runs one operation of the library on the calling thread. Constructing it
+// switches the debug log on when asked for; destroying it empties the
+// thread's error list and deletes its result records, so nothing survives
+// from one operation to the next. The records belong to the object, and the
+// error list, record count and detail conversion to the thread, so
+// operations on different threads share nothing they write.
 //
 // How a check flows: every operation empties the error list and the record
 // count, then drives one subsystem. The detail operations run a
@@ -47,14 +50,6 @@ public:
     // 0 when the error text is empty or holds a blocking code, else 2.
     int64_t GetCsvCorrectness(const std::string& errors);
 
-    static bool CreateResult();
-    static void ReleaseResult();
-    static bool CreateXbrlResult();
-    static void ReleaseXbrlResult();
-
-    static QZCCsvConvResultXML* m_pResult;
-    static QZCXbrlResult* m_pXbrlResult;
-
 private:
     // The second detail operation and the appended table, which also report
     // the conformity.
@@ -64,4 +59,7 @@ private:
     // Creates and empties the result record and the error list; null when
     // the record cannot be created.
     QZCCsvConvResultXML* StartResult();
+
+    std::unique_ptr<QZCCsvConvResultXML> m_pResult;
+    std::unique_ptr<QZCXbrlResult> m_pXbrlResult;
 };

@@ -71,6 +71,18 @@ SecurityManager* securityManager()
     return &manager;
 }
 
+// Initialises the XML platform once for the process and keeps it: its
+// Initialize and Terminate count references but must not run on two threads
+// at once, and a Terminate would free the tables other threads' parsers use.
+// Holding the one reference also keeps it alive when the host program calls
+// Terminate for its own uses. A failed start throws and is tried again on
+// the next call.
+void initializeXmlPlatform()
+{
+    static const bool initialized = (XMLPlatformUtils::Initialize(), true);
+    (void)initialized;
+}
+
 void recordFailure(const char* label, const char* message)
 {
     QZCUtility::AddOtherExceptionErrorInfo();
@@ -95,10 +107,8 @@ bool QZCDOMParser::Initialize()
 {
     if (m_pParser)
         return true;
-    bool platformReady = false;
     try {
-        XMLPlatformUtils::Initialize();
-        platformReady = true;
+        initializeXmlPlatform();
         m_pParser = new XercesDOMParser;
         // Validity errors would be ignored anyway; not validating lets the
         // parser skip external DTDs altogether instead of loading them.
@@ -118,8 +128,6 @@ bool QZCDOMParser::Initialize()
     }
     delete m_pParser;
     m_pParser = nullptr;
-    if (platformReady)
-        XMLPlatformUtils::Terminate();
     return false;
 }
 
@@ -131,7 +139,6 @@ void QZCDOMParser::Terminate()
     m_pParser = nullptr;
     m_pDocument = nullptr;
     m_pCurrentNode = nullptr;
-    XMLPlatformUtils::Terminate();
 }
 
 namespace {

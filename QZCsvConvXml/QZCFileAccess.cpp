@@ -39,7 +39,11 @@ std::string QZCFileAccess::homeDirectory()
 {
     if (const char* home = std::getenv("HOME"); home && *home)
         return home;
-    if (const passwd* user = ::getpwuid(::getuid()); user && user->pw_dir)
+    // The reentrant lookup: operations on other threads may ask at once.
+    passwd entry{};
+    passwd* user = nullptr;
+    std::vector<char> buffer(16384);
+    if (::getpwuid_r(::getuid(), &entry, buffer.data(), buffer.size(), &user) == 0 && user && user->pw_dir)
         return user->pw_dir;
     return "";
 }

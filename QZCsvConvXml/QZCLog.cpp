@@ -6,8 +6,8 @@
 
 #include "QZCMacOSNative.h"
 
-bool QZCLog::m_bOutput = false;
-std::string QZCLog::m_strOutputPath;
+thread_local bool QZCLog::m_bOutput = false;
+thread_local std::string QZCLog::m_strOutputPath;
 
 void QZCLog::InitDebugDump()
 {

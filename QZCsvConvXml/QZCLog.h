@@ -4,7 +4,9 @@
 #include <string>
 
 // Debug trace for support staff. Off unless the host's environment holds the
-// switch variable; when off, a record costs one flag test.
+// switch variable; when off, a record costs one flag test. The switch and the
+// log file are per thread: every operation switches logging on, when asked
+// for, on its own thread as it starts, never under another thread's reads.
 class QZCLog {
 public:
     virtual ~QZCLog() = default;
@@ -17,8 +19,8 @@ public:
     static void InitDebugDump();
     static void OutputLog(const char* sourceFile, int64_t line, const char* label, const char* message);
 
-    static bool m_bOutput;
-    static std::string m_strOutputPath;
+    static thread_local bool m_bOutput;
+    static thread_local std::string m_strOutputPath;
 };
 
 // Records the caller's source position with the label and message.

@@ -34,10 +34,11 @@ std::unique_ptr<UConverter, ConverterCloser> openConverter(const char* name)
     return std::unique_ptr<UConverter, ConverterCloser>(opened);
 }
 
-// Each converter is opened once and reset before every use.
+// Each converter is opened once per thread, since a converter keeps state
+// while it converts, and reset before every use.
 UConverter* shiftJis()
 {
-    static const std::unique_ptr<UConverter, ConverterCloser> converter = openConverter(kShiftJisConverter);
+    static thread_local const std::unique_ptr<UConverter, ConverterCloser> converter = openConverter(kShiftJisConverter);
     if (converter)
         ucnv_reset(converter.get());
     return converter.get();
@@ -45,7 +46,7 @@ UConverter* shiftJis()
 
 UConverter* utf8()
 {
-    static const std::unique_ptr<UConverter, ConverterCloser> converter = openConverter("UTF-8");
+    static thread_local const std::unique_ptr<UConverter, ConverterCloser> converter = openConverter("UTF-8");
     if (converter)
         ucnv_reset(converter.get());
     return converter.get();

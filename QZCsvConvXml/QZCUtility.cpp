@@ -8,8 +8,8 @@
 #include "QZCErrorInfo.h"
 #include "QZCLog.h"
 
-std::vector<std::string> g_mlErrors;
-int64_t g_nRecordCount = 0;
+thread_local std::vector<std::string> g_mlErrors;
+thread_local int64_t g_nRecordCount = 0;
 
 const QZCDatMsgRow DatMsgTable[MSG_COUNT] = {
     {0, "", "", 0},

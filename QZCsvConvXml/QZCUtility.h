@@ -5,10 +5,11 @@
 #include <string_view>
 #include <vector>
 
-// The process-wide error list and the record count that sets the width of
-// line numbers in its entries.
-extern std::vector<std::string> g_mlErrors;
-extern int64_t g_nRecordCount;
+// The error list and the record count that sets the width of line numbers
+// in its entries. One of each per thread: an operation runs on one thread
+// from start to end, so operations on different threads never mix entries.
+extern thread_local std::vector<std::string> g_mlErrors;
+extern thread_local int64_t g_nRecordCount;
 
 // Messages of the detail-statement side: index into DatMsgTable.
 enum QZCDatMessage_t : int64_t {

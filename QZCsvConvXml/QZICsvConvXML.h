@@ -15,6 +15,13 @@ extern QZC_EXPORT const unsigned char QZCsvConvXmlVersionString[];
 // The library's interface. Arguments are UTF-8 texts; a null pointer or a
 // text that is not valid UTF-8 is passed on as a missing argument. No
 // operation lets an exception reach the caller.
+//
+// Threads: operations may run on any number of threads at once, on one
+// object or on several. The object holds no state: each operation works on
+// state of its own and answers with a result object that is a value. Two
+// operations at once that write the same file leave it whole, as one of
+// them wrote it. The environment the library reads (the bundle and the
+// debug log variables) is not to change while operations run.
 class QZC_EXPORT QZICsvConvXML {
 public:
     // Checks a detail-statement CSV file (Conformity stays 0).

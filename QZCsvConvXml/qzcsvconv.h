@@ -14,9 +14,9 @@
  * when no memory was left for the result; every accessor accepts NULL and
  * then answers NULL (texts) or 0 (numbers).
  *
- * Operations run on the caller's thread and share state inside the library:
- * a process runs one operation at a time. Results may be read, and freed,
- * from any thread.
+ * Operations run on the caller's thread and may run on several threads at
+ * once: each works on state of its own. A result may be read from any
+ * thread, and is freed once no thread reads it any more.
  */
 
 #include <stdint.h>

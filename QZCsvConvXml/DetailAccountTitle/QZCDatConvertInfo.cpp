@@ -4,7 +4,12 @@
 #include "QZCDatDefinition.h"
 #include "QZCDatITData.h"
 
-QZCDatConvertInfo* QZCDatConvertInfo::m_pInstance = nullptr;
+namespace {
+
+// Freed at the latest when its thread ends.
+thread_local std::unique_ptr<QZCDatConvertInfo> tInstance;
+
+}  // namespace
 
 QZCDatConvertInfo::QZCDatConvertInfo()
     : m_pCsvFile(std::make_unique<QZCDatCsvFile>()),
@@ -20,16 +25,14 @@ QZCDatConvertInfo::~QZCDatConvertInfo()
 
 QZCDatConvertInfo* QZCDatConvertInfo::instance()
 {
-    if (m_pInstance == nullptr) {
-        m_pInstance = new QZCDatConvertInfo();
-    }
-    return m_pInstance;
+    if (!tInstance)
+        tInstance.reset(new QZCDatConvertInfo());
+    return tInstance.get();
 }
 
 void QZCDatConvertInfo::destroy()
 {
-    delete m_pInstance;
-    m_pInstance = nullptr;
+    tInstance.reset();
 }
 
 void QZCDatConvertInfo::Terminate()

@@ -13,16 +13,17 @@ struct QZCDatConvertTable_t {
     QZCDatITData* itData;
 };
 
-// Process-wide owner of the CSV file, the definition and the filer data of
-// the running detail conversion, so that every class reaches them without
-// passing them around. One conversion runs at a time.
+// Owner of the CSV file, the definition and the filer data of the running
+// detail conversion, so that every class reaches them without passing them
+// around. There is one per thread: one conversion runs at a time on each
+// thread, and conversions on different threads have their own.
 class QZCDatConvertInfo {
 public:
     virtual ~QZCDatConvertInfo();
     QZCDatConvertInfo(const QZCDatConvertInfo&) = delete;
     QZCDatConvertInfo& operator=(const QZCDatConvertInfo&) = delete;
 
-    // The instance, created on the first call.
+    // The calling thread's instance, created on its first call there.
     static QZCDatConvertInfo* instance();
     static void destroy();
 
@@ -38,6 +39,4 @@ private:
     std::unique_ptr<QZCDatCsvFile> m_pCsvFile;
     std::unique_ptr<QZCDatDefinition> m_pDefinition;
     std::unique_ptr<QZCDatITData> m_pITData;
-
-    static QZCDatConvertInfo* m_pInstance;
 };

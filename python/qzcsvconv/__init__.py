@@ -9,8 +9,8 @@ Each function runs one operation of the library and returns a Result:
 
 Paths may be str, bytes or path objects; texts are str. None passes a
 missing argument, which the library answers with "E_FAIL" and an error entry.
-The library runs one operation at a time per process: do not call these
-functions from two threads at once.
+The functions may be called from several threads at once; each call lets
+other Python threads run while the library works.
 """
 
 import ctypes

@@ -4,28 +4,16 @@
 // overrides the count the build chose.
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <functional>
 #include <random>
-#include <regex>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "QZCMacOSNative.h"
-#include "QZICsvConvXML.h"
-#include "TestSupport.h"
+#include "MixedOperations.h"
 
 namespace {
-
-const std::string kExamples = std::string(QZC_SOURCE_DIR) + "/examples";
-
-struct Operation {
-    std::string name;
-    std::function<std::string()> run;
-};
 
 // Resident memory of this process in kilobytes.
 long ResidentKilobytes()
@@ -40,64 +28,9 @@ long ResidentKilobytes()
 
 class SoakTest : public ::testing::Test {
 protected:
-    // The financial statements folders, every detail example through each
-    // of the three detail operations (so files meet the wrong operation
-    // too), and writes: clean data over an earlier file, data without a
-    // Shift_JIS form, a folder that does not exist.
-    std::vector<Operation> Operations()
-    {
-        std::vector<Operation> operations;
-        for (const char* folder : {"financial-statements", "financial-statements-with-errors"}) {
-            const std::string path = kExamples + "/" + folder;
-            operations.push_back({std::string("xbrl ") + folder,
-                                  [path] { return describe(QZICsvConvXML().CsvCheckToXbrl2(path.c_str(), "3.0")); }});
-        }
-        const std::regex versionPattern("_([0-9]+\\.[0-9]+)");
-        std::vector<std::filesystem::path> files;
-        for (const auto& entry : std::filesystem::directory_iterator(kExamples + "/detail")) {
-            if (entry.path().extension() == ".csv")
-                files.push_back(entry.path());
-        }
-        std::sort(files.begin(), files.end());
-        for (const auto& file : files) {
-            std::smatch match;
-            const std::string name = file.filename().string();
-            EXPECT_TRUE(std::regex_search(name, match, versionPattern)) << name;
-            const std::string version = match[1];
-            const std::string path = file.string();
-            operations.push_back({"detail " + name, [=] {
-                                      return describe(QZICsvConvXML().CsvCheckToDetailAccountTitle(path.c_str(),
-                                                                                                 version.c_str()));
-                                  }});
-            operations.push_back({"detail2 " + name, [=] {
-                                      return describe(QZICsvConvXML().CsvCheckToDetailAccountTitle2(path.c_str(),
-                                                                                                  version.c_str()));
-                                  }});
-            operations.push_back({"appended " + name, [=] {
-                                      return describe(
-                                          QZICsvConvXML().CsvCheckToAppendedTable(path.c_str(), version.c_str()));
-                                  }});
-        }
-        const std::string clean = *QZCMacOSNative::sjisToUtf8(readBytes(kExamples + "/detail/HOI010_4.0_預貯金等.csv"));
-        const struct {
-            std::string name, path, data;
-        } writes[] = {{"write clean", m_dir.file("clean.csv"), clean},
-                      {"write without Shift_JIS form", m_dir.file("refused.csv"), "HOI010,0,\U0001F3E6,1\r\n"},
-                      {"write into missing folder", m_dir.file("missing/x.csv"), clean}};
-        // The refused write must leave this content in place.
-        writeBytes(m_dir.file("refused.csv"), "earlier");
-        for (const auto& write : writes) {
-            operations.push_back({write.name, [write] {
-                                      const std::string answer =
-                                          describe(QZICsvConvXML().CsvWrite(write.path.c_str(), write.data.c_str()));
-                                      return answer + "|" + readBytes(write.path);
-                                  }});
-        }
-        return operations;
-    }
-
     ScopedBundle m_bundle{QZC_BUNDLE_DIR};
     TempDir m_dir;
+    QZICsvConvXML m_library;
 };
 
 TEST_F(SoakTest, MixedOperationsAnswerAsAloneAndKeepMemoryFlat)
@@ -106,9 +39,9 @@ TEST_F(SoakTest, MixedOperationsAnswerAsAloneAndKeepMemoryFlat)
     const long count = configured ? std::atol(configured) : QZC_SOAK_OPERATIONS;
     const long warmUp = count / 10;
 
-    const std::vector<Operation> operations = Operations();
+    const std::vector<MixedOperation> operations = MixedOperations(m_dir, m_library);
     std::vector<std::string> alone;
-    for (const Operation& operation : operations)
+    for (const MixedOperation& operation : operations)
         alone.push_back(operation.run());
     // The mix holds passing and failing operations alike.
     const auto passed = std::count_if(alone.begin(), alone.end(), [](const std::string& answer) {
