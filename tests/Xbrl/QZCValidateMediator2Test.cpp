@@ -59,12 +59,6 @@ std::string checkFile(const std::string& xbrlType, const std::string& text)
     return takeErrors();
 }
 
-// A statements file of tests/data/statements.
-std::string statement(const std::string& name)
-{
-    return readBytes(std::string(QZC_SOURCE_DIR) + "/tests/data/statements/" + name);
-}
-
 // The text of a case: the named files joined, the first occurrence of one
 // text replaced, more lines appended.
 std::string caseText(const std::string& files, const std::string& from, const std::string& to,
@@ -73,7 +67,7 @@ std::string caseText(const std::string& files, const std::string& from, const st
     std::string text;
     std::istringstream names(files);
     for (std::string name; names >> name;)
-        text += statement(name + ".csv");
+        text += testData("statements/" + name + ".csv");
     if (!from.empty()) {
         const size_t at = text.find(from);
         EXPECT_NE(at, std::string::npos) << from;
@@ -96,7 +90,7 @@ TEST(SecondPass, CaseTable)
 {
     const std::string head = "A,BS\nB,株式会社サンプル商事,,,\nC1,2025-04-01,,,\nC2,2026-03-31,,,\n貸借対照表,,,,\n";
     TempDir dir;
-    writeShiftJis(dir.file("kamokuCodeList_BS.csv"), statement("kamokuCodeList_tuple.csv"));
+    writeShiftJis(dir.file("kamokuCodeList_BS.csv"), testData("statements/kamokuCodeList_tuple.csv"));
     writeShiftJis(dir.file("kamokuCodeList_PL.csv"), "Cash,,,,,,現金,0,,\n");
     for (const Case& c : readCases("statements-second-pass.tsv", 3)) {
         SCOPED_TRACE(c.where);

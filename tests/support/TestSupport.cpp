@@ -52,6 +52,13 @@ std::string readBytes(const std::string& path)
     return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
+std::string testData(const std::string& name)
+{
+    const std::string path = std::string(QZC_SOURCE_DIR) + "/tests/data/" + name;
+    EXPECT_TRUE(std::filesystem::is_regular_file(path)) << path;
+    return readBytes(path);
+}
+
 ScopedBundle::ScopedBundle(const std::string& bundle)
 {
     const char* previous = std::getenv(QZCLoadResource::kBundleVariable);

@@ -28,6 +28,8 @@ void writeBytes(const std::string& path, const std::string& bytes);
 // Shift_JIS form).
 void writeShiftJis(const std::string& path, const std::string& utf8Text);
 std::string readBytes(const std::string& path);
+// The bytes of a file under tests/data.
+std::string testData(const std::string& name);
 
 // Points the library at a bundle folder for the life of the object and
 // restores the previous setting afterwards.

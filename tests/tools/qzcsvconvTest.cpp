@@ -15,7 +15,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "../DetailAccountTitle/DetailTestBundle.h"
+#include "DetailTestBundle.h"
 #include "MessageCatalog.h"
 #include "QZCDOMParser.h"
 #include "QZCParamCheck.h"
