@@ -13,35 +13,6 @@
 
 namespace {
 
-const char* kValidDefinition = R"(<?xml version="1.0" encoding="UTF-8"?>
-<root>
-  <report id="HOI020" reportId="HOI010" reportVR="2.0">
-    <item id="kind" column="2"><valid id="contain" value="0 1"/></item>
-  </report>
-  <report id="HOI010" reportId="HOI010" reportVR="3.0">
-    <item id="broken"><valid id="bogus"/></item>
-  </report>
-  <report id="HOI010" reportId="HOI010" reportVR="2.0">
-    <item id="name" column="3"><valid id="exist"/></item>
-    <item id="amount" column="4" meisaiGoukei="0"><valid id="range" min="0" max="999"/></item>
-    <item id="total" column="4" meisaiGoukei="1"><valid id="number"/></item>
-    <item id="remark" column="5" meisaiGoukei="1"><valid id="empty"/></item>
-  </report>
-</root>
-)";
-
-const char* kPrintDefinition = R"(<?xml version="1.0" encoding="UTF-8"?>
-<root>
-  <report id="HOI010" reportId="HOI010" reportVR="2.0" sibling="next">
-    <item id="line" parent="HOI010" type="Normal"/>
-    <item id="line" parent="HOI010" type="Kubun"/>
-    <item id="amount" parent="line" column="3" zeroSuppress="true"/>
-    <item id="price" parent="line" column="4" unit="1"/>
-    <item id="day" parent="HOI010" column="2" type="Date" meisaiGoukei="1"/>
-  </report>
-</root>
-)";
-
 // Definitions parsed from memory for a conversion of style version 2.0.
 class QZCDatDefinitionTest : public ::testing::Test {
 protected:
@@ -57,9 +28,9 @@ protected:
     }
     void TearDown() override { QZCDatConvertInfo::destroy(); }
 
-    int Create(const char* xml, std::map<std::string, ReportAttr_t> kubun, bool print = false)
+    int Create(const std::string& xml, std::map<std::string, ReportAttr_t> kubun, bool print = false)
     {
-        EXPECT_TRUE(m_dom.Parse(xml, "definition", "UTF-8"));
+        EXPECT_TRUE(m_dom.Parse(xml.c_str(), "definition", "UTF-8"));
         return print ? m_definition.CreatePrintDefinition(kubun, &m_dom)
                      : m_definition.CreateValidDefinition(kubun, &m_dom);
     }
@@ -83,7 +54,7 @@ const ReportAttr_t kAttr = {5, 0, 0};
 
 TEST_F(QZCDatDefinitionTest, OneRootPerFormatKubunInKeyOrder)
 {
-    ASSERT_EQ(Create(kValidDefinition, {{"HOI020", kAttr}, {"HOI010", kAttr}}), 0);
+    ASSERT_EQ(Create(testData("detail-valid-definition.xml"), {{"HOI020", kAttr}, {"HOI010", kAttr}}), 0);
     const QZCDatRootNodes& roots = m_definition.GetValidRootNodes();
     ASSERT_EQ(roots.size(), 2u);
     EXPECT_STREQ(roots[0]->GetId(), "HOI010");
@@ -95,12 +66,12 @@ TEST_F(QZCDatDefinitionTest, OneRootPerFormatKubunInKeyOrder)
 
 TEST_F(QZCDatDefinitionTest, LoadingFaults)
 {
-    EXPECT_EQ(Create(kValidDefinition, {}), -1);
-    EXPECT_EQ(Create(kValidDefinition, {{"HOI030", kAttr}}), -1);
+    EXPECT_EQ(Create(testData("detail-valid-definition.xml"), {}), -1);
+    EXPECT_EQ(Create(testData("detail-valid-definition.xml"), {{"HOI030", kAttr}}), -1);
     EXPECT_EQ(Create("<root><report id=\"A\" reportVR=\"2.0\"><item><valid id=\"Range\"/></item></report></root>",
                      {{"A", kAttr}}),
               -1);
-    EXPECT_EQ(Create(kPrintDefinition, {{"HOI010", kAttr}}, true), 0);
+    EXPECT_EQ(Create(testData("detail-print-definition.xml"), {{"HOI010", kAttr}}, true), 0);
     EXPECT_EQ(Create("<root><report id=\"A\" reportId=\"R\" reportVR=\"2.0\"><item id=\"x\" parent=\"none\"/>"
                      "</report></root>",
                      {{"A", kAttr}}, true),
@@ -119,7 +90,7 @@ TEST_F(QZCDatDefinitionTest, RootLookupTakesTheFirstIdContainedInTheText)
 
 TEST_F(QZCDatDefinitionTest, ValidatesEveryRecordAndCollectsAllFailures)
 {
-    ASSERT_EQ(Create(kValidDefinition, {{"HOI020", kAttr}, {"HOI010", kAttr}}), 0);
+    ASSERT_EQ(Create(testData("detail-valid-definition.xml"), {{"HOI020", kAttr}, {"HOI010", kAttr}}), 0);
     EXPECT_EQ(Validate("HOI010,0,a,+12\nHOI010,0,,1000\nHOI020,2\nHOI010,0,b,7,ignored"),
               "0002-00003-HQZ9210E,0002-00004-HQZ9620E,0003-00002-HQZ9620E");
     EXPECT_EQ(m_result, -1);
@@ -130,7 +101,7 @@ TEST_F(QZCDatDefinitionTest, ValidatesEveryRecordAndCollectsAllFailures)
 
 TEST_F(QZCDatDefinitionTest, FailingTotalRowStopsTheValidation)
 {
-    ASSERT_EQ(Create(kValidDefinition, {{"HOI010", kAttr}}), 0);
+    ASSERT_EQ(Create(testData("detail-valid-definition.xml"), {{"HOI010", kAttr}}), 0);
     EXPECT_EQ(Validate("HOI010,0,,5\nHOI010,1,t,x,note\n"), "0002-00004-HQZ9620E");
     EXPECT_EQ(m_result, -1);
     // A total row that passes lets the ordinary checks run; the detail
@@ -143,7 +114,7 @@ TEST_F(QZCDatDefinitionTest, FailingTotalRowStopsTheValidation)
 
 TEST_F(QZCDatDefinitionTest, WritesNestedElementsOfTheRecordKind)
 {
-    ASSERT_EQ(Create(kPrintDefinition, {{"HOI010", kAttr}}, true), 0);
+    ASSERT_EQ(Create(testData("detail-print-definition.xml"), {{"HOI010", kAttr}}, true), 0);
     const QZCDatRootNodes& roots = m_definition.GetPrintRootNodes();
     ASSERT_EQ(roots.size(), 1u);
     EXPECT_STREQ(roots[0]->GetSibling(), "next");

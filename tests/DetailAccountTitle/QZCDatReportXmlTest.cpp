@@ -13,21 +13,6 @@
 
 namespace {
 
-// A deposits-like form: detail rows grouped per record, a total row, pages
-// of up to three detail rows.
-const char* const kDefinition = R"(<?xml version="1.0" encoding="UTF-8"?>
-<definition>
-  <report id="HOI010" reportId="HOI010" reportVR="4.0" columnNum="6" maxOccurs="3" bracketed="1" sibling="%SIBLING%">
-    <item id="B" parent="HOI010" meisaiGoukei="0"/>
-    <item id="bank" parent="B" column="3"/>
-    <item id="note" parent="bank" column="6"/>
-    <item id="amount" parent="B" column="4" zeroSuppress="true"/>
-    <item id="A" parent="HOI010" meisaiGoukei="1"/>
-    <item id="total" parent="A" column="4" unit="1"/>
-  </report>
-</definition>
-)";
-
 class ReportXmlTest : public ::testing::Test {
 protected:
     void SetUp() override
@@ -54,7 +39,9 @@ protected:
     // Reads the records against the definition and writes the report.
     std::string report(const std::string& records, const char* sibling = "0")
     {
-        std::string definition = kDefinition;
+        // A deposits-like form: detail rows grouped per record, a total row,
+        // pages of up to three detail rows.
+        std::string definition = testData("detail-report-definition.xml");
         definition.replace(definition.find("%SIBLING%"), 9, sibling);
         writeBytes(m_dir.file("definition.xml"), definition);
         writeShiftJis(m_dir.file("HOI010_4.0.csv"), records);

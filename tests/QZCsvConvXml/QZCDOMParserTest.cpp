@@ -14,17 +14,6 @@
 
 namespace {
 
-const char* const kDefinition =
-    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-    "<definition>text first\n"
-    "  <!-- comment -->\n"
-    "  <report id=\"HOI010\" reportVR=\"4.0\">\n"
-    "    <item id=\"bank\" column=\"3\"><valid id=\"length\" max=\"20\"/></item>\n"
-    "    <item id=\"amount\">1,200<unit>円</unit></item>\n"
-    "  </report>\n"
-    "  <report id=\"HOI020\"> </report>\n"
-    "</definition>\n";
-
 // Resident memory of this process in bytes.
 size_t ResidentBytes()
 {
@@ -49,7 +38,7 @@ protected:
 
 TEST_F(DOMParserTest, CursorSkipsTextAndComments)
 {
-    ASSERT_TRUE(m_parser.Parse(kDefinition, "definition", "UTF-8"));
+    ASSERT_TRUE(m_parser.Parse(testData("dom-definition.xml").c_str(), "definition", "UTF-8"));
     EXPECT_EQ(m_parser.GetNodeName(), "definition");
     ASSERT_EQ(m_parser.MoveFirstChild(), 0);
     EXPECT_EQ(m_parser.GetAttribute("id"), "HOI010");
@@ -74,7 +63,7 @@ TEST_F(DOMParserTest, CursorSkipsTextAndComments)
 
 TEST_F(DOMParserTest, NamedDescendantText)
 {
-    ASSERT_TRUE(m_parser.Parse(kDefinition, "definition", "UTF-8"));
+    ASSERT_TRUE(m_parser.Parse(testData("dom-definition.xml").c_str(), "definition", "UTF-8"));
     EXPECT_EQ(m_parser.GetNodeValue("item"), "");  // starts with an element
     EXPECT_EQ(m_parser.GetNodeValue("unit"), "円");
     EXPECT_EQ(m_parser.GetNodeValue("nothing"), "");

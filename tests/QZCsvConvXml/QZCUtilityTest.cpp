@@ -108,29 +108,8 @@ TEST(MessageTable, CodesAndBlockingColumn)
 
 TEST(CharacterRules, RepertoireBoundaries)
 {
-    struct Case {
-        const char* text;
-        bool allowed;
-    };
-    const Case cases[] = {
-        {nullptr, true}, {"", true}, {"勘定科目ABCｘ１２", true}, {"\t\n\r", true},
-        {"\x1F", false}, {" ", true}, {"~", true}, {"\x7F", false},
-        {"\u0080", false}, {"\u009F", false}, {"\u00A0", true}, {"\u00FF", true}, {"\u0100", false},
-        {"\u036F", false}, {"\u0370", true}, {"\u03A9", true}, {"\u04FF", true}, {"\u0500", false},
-        {"\u1FFF", false}, {"\u2000", true}, {"\u2065", true}, {"\u206F", true}, {"\u2070", false},
-        {"\u20AC", false}, {"\u214F", false}, {"\u2150", true}, {"\u22FF", true}, {"\u2300", false},
-        {"\u245F", false}, {"\u2460", true}, {"\u257F", true}, {"\u2580", false}, {"\u259F", false},
-        {"\u25A0", true}, {"\u25FF", true}, {"\u2600", false}, {"\u266A", false}, {"\u2FFF", false},
-        {"\u3000", true}, {"\u30FF", true}, {"\u3100", false}, {"\u31FF", false}, {"\u3200", true},
-        {"\u3231", true}, {"\u33FF", true}, {"\u3400", false}, {"\u4DFF", false}, {"\u4E00", true},
-        {"\u9AD9", true}, {"\u9FFF", true}, {"\uA000", false}, {"\uE000", false}, {"\uF8FF", false},
-        {"\uF900", true}, {"\uFAFF", true}, {"\uFB00", false}, {"\uFEFF", false}, {"\uFF00", true},
-        {"\uFF21", true}, {"\uFF65", true}, {"\uFF66", false}, {"\uFF71", false}, {"\uFF9F", false},
-        {"\uFFA0", true}, {"\uFFEF", true}, {"\uFFF0", false}, {"\U0001F600", false}, {"\U00020B9F", false},
-        {"\xE3\x81", false}, {"ok\x0B", false},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(QZCUtility::IsFylaAvailableString(c.text), c.allowed) << (c.text ? c.text : "(null)");
+    for (const Case& c : readCases("fyla-characters.tsv", 2))
+        EXPECT_EQ(QZCUtility::IsFylaAvailableString(c.text(0)), c[1] == "true") << c.where;
 }
 
 TEST(CharacterRules, CharacterClasses)

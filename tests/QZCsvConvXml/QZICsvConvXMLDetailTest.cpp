@@ -5,22 +5,10 @@
 
 #include <gtest/gtest.h>
 
-#include "../DetailAccountTitle/DetailTestBundle.h"
+#include "DetailTestBundle.h"
 #include "QZICsvConvXML.h"
 
 namespace {
-
-const char* kClean = "HOI010,0,みなと銀行,1200000,普通\r\nHOI010,0,港信用金庫,35000,定期\r\n";
-
-class DetailCheckTest : public ::testing::Test {
-protected:
-    QZICsvConvResultXML Check2(const std::string& name, const std::string& text, const char* version = "4.0")
-    {
-        return QZICsvConvXML().CsvCheckToDetailAccountTitle2(m_bundle.Csv(name, text).c_str(), version);
-    }
-
-    DetailTestBundle m_bundle;
-};
 
 void ExpectResult(const QZICsvConvResultXML& result, const char* code, int64_t conformity, const std::string& errors)
 {
@@ -29,77 +17,31 @@ void ExpectResult(const QZICsvConvResultXML& result, const char* code, int64_t c
     EXPECT_EQ(result.DetailErrorInfo, errors);
 }
 
-TEST_F(DetailCheckTest, CleanFilePassesEveryOperation)
+class DetailCheckTest : public ::testing::Test {
+protected:
+    DetailTestBundle m_bundle;
+};
+
+// The cases of tests/data/detail-operations.tsv, one after the other.
+TEST_F(DetailCheckTest, CaseTable)
 {
-    ExpectResult(Check2("HOI010_4.0.csv", kClean), "S_OK", 1, "");
+    for (const Case& c : readCases("detail-operations.tsv", 7)) {
+        SCOPED_TRACE(c.where);
+        if (c[2] != "(none)")
+            m_bundle.Csv(c[1], c[2]);
+        const std::string path = m_bundle.Path(c[1]);
+        const char* file = c.text(1) ? path.c_str() : nullptr;
+        QZICsvConvXML library;
+        const QZICsvConvResultXML result =
+            c[0] == "detail"     ? library.CsvCheckToDetailAccountTitle(file, c[3].c_str())
+            : c[0] == "appended" ? library.CsvCheckToAppendedTable(file, c[3].c_str())
+                                 : library.CsvCheckToDetailAccountTitle2(file, c[3].c_str());
+        ExpectResult(result, c[4].c_str(), std::stoi(c[5]), c[6]);
+    }
     // Surrounding blanks of the arguments do not matter.
     ExpectResult(QZICsvConvXML().CsvCheckToDetailAccountTitle2((" " + m_bundle.Path("HOI010_4.0.csv") + " ").c_str(),
                                                                " 4.0 "),
                  "S_OK", 1, "");
-    // The first operation wants numbered pages and reports no conformity.
-    const std::string first = m_bundle.Csv("HOI010_2.0.csv", "HOI010(1),0,みなと銀行,100,普通\r\n");
-    ExpectResult(QZICsvConvXML().CsvCheckToDetailAccountTitle(first.c_str(), "2.0"), "S_OK", 0, "");
-    const std::string appended = m_bundle.Csv("HOB016_6.0.csv", "HOB016,本店,500\r\n");
-    ExpectResult(QZICsvConvXML().CsvCheckToAppendedTable(appended.c_str(), "6.0"), "S_OK", 1, "");
-}
-
-TEST_F(DetailCheckTest, NonBlockingErrorsStillConvert)
-{
-    ExpectResult(Check2("HOI010_4.0.csv", "HOI010,0,みなと銀行,百万,普通預金の口座で満期は来年\r\nHOI010,0,,1,x\r\n"),
-                 "S_OK", 2, "1-00004-HQZ9620E,1-00005-HQZ9620E,2-00003-HQZ9620E");
-    ExpectResult(Check2("HOI010_4.0.csv", "HOI010,0,みなと銀行,1\r\n"), "S_OK", 2, "0000-00000-HQZ9300E");
-}
-
-TEST_F(DetailCheckTest, BlockingErrorsDoNot)
-{
-    // The file name does not follow the rule of the second operation.
-    ExpectResult(Check2("HOI010_2.0.csv", kClean), "E_FAIL", 0, "0000-00000-HQZ9350E");
-    ExpectResult(Check2("HOI010-4.0.csv", kClean), "E_FAIL", 0, "0000-00000-HQZ9350E");
-    // A character the service refuses.
-    ExpectResult(Check2("HOI010_4.0.csv", "HOI010,0,銀行№,1,x\r\n"), "E_FAIL", 0,
-                 "1-00003-HQZ8230E");
-    // The version of another form, and one without a definition.
-    ExpectResult(Check2("HOI010_4.0.csv", kClean, "5.0"), "E_FAIL", 0, "0000-00000-HQZ9250E");
-    ExpectResult(Check2("HOI010_3.0.csv", kClean, "3.0"), "E_FAIL", 0, "0000-00000-HQZ9250E");
-    // A file of 3.0 checked as 4.0 no longer matches the definition's form.
-    ExpectResult(Check2("HOI010_3.0.csv", kClean, "4.0"), "E_FAIL", 0, "0000-00000-HQZ9350E");
-    ExpectResult(QZICsvConvXML().CsvCheckToDetailAccountTitle2(m_bundle.Path("HOI010_4.0_missing.csv").c_str(), "4.0"),
-                 "E_FAIL", 0, "0000-00000-HQZ9230E");
-    ExpectResult(QZICsvConvXML().CsvCheckToDetailAccountTitle2(nullptr, "4.0"), "E_FAIL", 0, "0000-00000-HQZ9210E");
-}
-
-TEST_F(DetailCheckTest, UnknownFormLetsTheRejectedVersionThrough)
-{
-    // The format kubun is empty, so the form is unknown: the version is only
-    // noted and the outward checks decide.
-    ExpectResult(Check2("HOI010_4.0.csv", "\"\",0,みなと銀行,1,x\r\n", "9.9"), "S_OK", 2, "0000-00000-HQZ9250E");
-    ExpectResult(Check2("HOI010_4.0.csv", "no separator at all", "4.0"), "S_OK", 2, "0000-00000-HQZ9250E");
-    ExpectResult(Check2("HOI010_4.0.csv", "\"\",0,銀行№\r\n", "4.0"), "E_FAIL", 0,
-                 "0000-00000-HQZ9250E,1-00003-HQZ8230E");
-}
-
-TEST_F(DetailCheckTest, FirstOperationReportsTheContentOfItsFile)
-{
-    QZICsvConvXML library;
-    const std::string quoted = m_bundle.Csv("HOI010_2.0.csv", "\"\",0,x\r\n");
-    ExpectResult(library.CsvCheckToDetailAccountTitle(quoted.c_str(), "2.0"), "E_FAIL", 0, "0001-00001-HQZ9570E");
-    const std::string empty = m_bundle.Csv("HOI010_2.0.csv", "");
-    ExpectResult(library.CsvCheckToDetailAccountTitle(empty.c_str(), "2.0"), "E_FAIL", 0, "0000-00000-HQZ9230E");
-    const std::string clean = m_bundle.Csv("HOI010_2.0.csv", "HOI010(1),0,みなと銀行,100,普通\r\n");
-    ExpectResult(library.CsvCheckToDetailAccountTitle(clean.c_str(), "3.0"), "E_FAIL", 0, "0000-00000-HQZ9250E");
-    ExpectResult(library.CsvCheckToDetailAccountTitle(clean.c_str(), "4.0"), "E_FAIL", 0, "0000-00000-HQZ9250E");
-}
-
-TEST_F(DetailCheckTest, AppendedTableFileNames)
-{
-    QZICsvConvXML library;
-    const std::string wrong = m_bundle.Csv("HOB016_7.0.csv", "HOB016,本店,500\r\n");
-    ExpectResult(library.CsvCheckToAppendedTable(wrong.c_str(), "6.0"), "E_FAIL", 0, "0000-00000-HQZ9350E");
-    const std::string older = m_bundle.Csv("HOB016_5.0.csv", "HOB016,本店,500\r\n");
-    ExpectResult(library.CsvCheckToAppendedTable(older.c_str(), "5.0"), "E_FAIL", 0, "0000-00000-HQZ9250E");
-    const std::string bad = m_bundle.Csv("HOB016_6.0.csv", "HOB016,,多い\r\n");
-    ExpectResult(library.CsvCheckToAppendedTable(bad.c_str(), "6.0"), "S_OK", 2,
-                 "1-00002-HQZ9620E,1-00003-HQZ9620E");
 }
 
 // Whatever the file holds, the check ends with entries.
@@ -129,12 +71,6 @@ TEST_F(DetailCheckTest, HostileFilesGiveEntries)
     for (int i = 0; i < 1000000; ++i)
         lines += "HOI010,0,a\n";
     check(lines);
-}
-
-TEST_F(DetailCheckTest, NothingSurvivesFromOneCheckToTheNext)
-{
-    EXPECT_EQ(Check2("HOI010_2.0.csv", kClean).Result, "E_FAIL");
-    ExpectResult(Check2("HOI010_4.0.csv", kClean), "S_OK", 1, "");
 }
 
 class CsvWriteTest : public ::testing::Test {

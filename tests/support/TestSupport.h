@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "QZICsvConvXML.h"
 
@@ -27,6 +28,8 @@ void writeBytes(const std::string& path, const std::string& bytes);
 // Shift_JIS form).
 void writeShiftJis(const std::string& path, const std::string& utf8Text);
 std::string readBytes(const std::string& path);
+// The bytes of a file under tests/data.
+std::string testData(const std::string& name);
 
 // Points the library at a bundle folder for the life of the object and
 // restores the previous setting afterwards.
@@ -47,3 +50,22 @@ std::string takeErrors();
 // (and print) as a whole.
 std::string describe(const QZICsvConvResultXML& result);
 std::string describe(const QZICsvConvXbrlResultXML& result);
+
+// One case of a table under tests/data: its fields and where it stands, to
+// print when the case fails.
+struct Case {
+    std::vector<std::string> fields;
+    std::string where;  // "FILE:LINE"
+    const std::string& operator[](size_t i) const { return fields.at(i); }
+    // The field, or a null pointer where the table writes "(null)".
+    const char* text(size_t i) const { return fields.at(i) == "(null)" ? nullptr : fields[i].c_str(); }
+    // The expected answer of a case: "ok" stands for none.
+    std::string expected(size_t i) const { return fields.at(i) == "ok" ? "" : fields[i]; }
+};
+
+// The cases of tests/data/NAME: one a line, fields split by tabs; blank lines
+// and lines starting with '#' are skipped. For what a table cannot hold a
+// field writes \t \r \n \\ \xHH (a byte) \uHHHH \UHHHHHHHH (a character in
+// UTF-8), and {N*TEXT} for TEXT written N times. A case has at most
+// `columns` fields; those it leaves out at the end are empty.
+std::vector<Case> readCases(const std::string& name, size_t columns);

@@ -18,52 +18,28 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// An account row of the public list, and the parent the code list must give it.
+// An account row of the public list (tests/data/public-account-rows.tsv):
+// depth, code ("-": a heading without a code), element, label, balance (""
+// for a heading) and the parent the code list must give it.
 struct PublicRow {
     int depth;
-    const char* code;  // "-": a heading without a code
-    const char* element;
-    const char* label;
-    const char* balance;  // "" for a heading
-    const char* parent;
+    std::string code, element, label, balance, parent;
 };
 
-const PublicRow kRows[] = {
-    {0, "-", "BalanceSheetHeading", "貸借対照表", "", ""},
-    {1, "-", "BalanceSheetAbstract", "貸借対照表", "", "BalanceSheetHeading"},
-    {2, "10A000010", "AssetsAbstract", "資産の部", "", "BalanceSheetAbstract"},
-    {3, "10A100010", "CurrentAssetsAbstract", "流動資産", "", "10A000010"},
-    {4, "10A100020", "CashAndDeposits", "現金及び預金", "debit", "10A100010"},
-    {4, "10A100030", "NotesAndAccountsReceivableTrade", "受取手形及び売掛金", "debit", "10A100010"},
-    {5, "10A100040", "AllowanceForDoubtfulAccountsNotesAndAccountsReceivableTrade", "貸倒引当金", "credit", "10A100030"},
-    {4, "10A100050", "Merchandise", "商品", "debit", "10A100010"},
-    {4, "10A100070", "AllowanceForDoubtfulAccountsCA", "貸倒引当金", "credit", "10A100010"},
-    {4, "10A100080", "CurrentAssets", "流動資産合計", "debit", "10A100010"},
-    {3, "10A200010", "NoncurrentAssetsAbstract", "固定資産", "", "10A000010"},
-    {4, "10A210010", "PropertyPlantAndEquipmentAbstract", "有形固定資産", "", "10A200010"},
-    {5, "10A210020", "Buildings", "建物", "debit", "10A210010"},
-    {6, "10A210030", "AccumulatedDepreciationBuildings", "減価償却累計額", "credit", "10A210020"},
-    {5, "10A210040", "Land", "土地", "debit", "10A210010"},
-    {5, "10A210050", "PropertyPlantAndEquipment", "有形固定資産合計", "debit", "10A210010"},
-    {4, "10A200020", "NoncurrentAssets", "固定資産合計", "debit", "10A200010"},
-    {3, "10A900010", "Assets", "資産合計", "debit", "10A000010"},
-    {2, "10B000010", "LiabilitiesAbstract", "負債の部", "", "BalanceSheetAbstract"},
-    {3, "10B100010", "CurrentLiabilitiesAbstract", "流動負債", "", "10B000010"},
-    {4, "10B100020", "AccountsPayableTrade", "買掛金", "credit", "10B100010"},
-    {4, "10B100040", "CurrentLiabilities", "流動負債合計", "credit", "10B100010"},
-    {3, "10B900010", "Liabilities", "負債合計", "credit", "10B000010"},
-    {2, "10C000010", "NetAssetsAbstract", "純資産の部", "", "BalanceSheetAbstract"},
-    {3, "10C100010", "ShareholdersEquityAbstract", "株主資本", "", "10C000010"},
-    {4, "10C100020", "CapitalStock", "資本金", "credit", "10C100010"},
-    {4, "10C100030", "RetainedEarningsBroughtForward", "繰越利益剰余金", "credit", "10C100010"},
-    {4, "10C100040", "ShareholdersEquity", "株主資本合計", "credit", "10C100010"},
-    {3, "10C900010", "NetAssets", "純資産合計", "credit", "10C000010"},
-    {2, "10C900020", "LiabilitiesAndNetAssets", "負債純資産合計", "credit", "BalanceSheetAbstract"},
-};
+const std::vector<PublicRow>& publicRows()
+{
+    static const std::vector<PublicRow> rows = [] {
+        std::vector<PublicRow> read;
+        for (const Case& c : readCases("public-account-rows.tsv", 6))
+            read.push_back({std::stoi(c[0]), c[1], c[2], c[3], c[4], c[5]});
+        return read;
+    }();
+    return rows;
+}
 
 std::string key(const PublicRow& row)
 {
-    return std::string(row.code) == "-" ? row.element : row.code;
+    return row.code == "-" ? row.element : row.code;
 }
 
 // The public list as a spreadsheet saves it: title, column numbers,
@@ -77,8 +53,8 @@ std::string publicList(const std::string& title = "貸借対照表　勘定科�
             "用途区分（日本語）,用途区分（英語）,名前空間プレフィックス,要素名,データ型,代替グループ,"
             "期間時点区分,貸借区分,抽象区分,depth,タイトル項目,合計（用途区分）,勘定科目区分,勘定科目コード,"
             "対応勘定科目（日本語）,対応勘定科目（英語）,勘定科目区分\r\n";
-    for (const PublicRow& row : kRows) {
-        const bool heading = *row.balance == '\0';
+    for (const PublicRow& row : publicRows()) {
+        const bool heading = row.balance.empty();
         const std::string code = row.code;
         const std::string category = code == "-" ? "-" : code.substr(2, 2);
         text += std::string("一般商工業,貸借対照表,") + row.label + "," + row.label + ",\"Label, English\",,,,jppfs_cor," +
@@ -104,9 +80,9 @@ TEST(ImportCodes, GivesEveryPublicRowItsKeyParentAndAttributes)
     ASSERT_EQ(runTool("import-codes BS " + dir.file("public.csv") + " " + dir.file("codes.csv")).status, 0);
 
     const auto rows = codeListRows(dir.file("codes.csv"));
-    EXPECT_EQ(rows.size(), std::size(kRows));
-    for (const PublicRow& expected : kRows) {
-        const bool heading = *expected.balance == '\0';
+    EXPECT_EQ(rows.size(), publicRows().size());
+    for (const PublicRow& expected : publicRows()) {
+        const bool heading = expected.balance.empty();
         const std::vector<std::string> row = {key(expected), heading ? "duration" : "instant", expected.balance,
                                               heading ? "true" : "", "", expected.parent, expected.label,
                                               "xbrli:item", expected.element,
@@ -125,9 +101,9 @@ TEST(ImportCodes, GivesEveryPublicRowItsKeyParentAndAttributes)
 std::string statement()
 {
     std::string text = "A,BS,,,\nB,株式会社インポート商事,,,\nC1,2025-04-01,,,\nC2,2026-03-31,,,\n貸借対照表,,,,\n";
-    for (const PublicRow& row : kRows) {
+    for (const PublicRow& row : publicRows()) {
         if (row.depth >= 2)
-            text += std::string(row.label) + (*row.balance ? ",1000,1," : ",,T,") + std::to_string(row.depth) + "," +
+            text += row.label + (!row.balance.empty() ? ",1000,1," : ",,T,") + std::to_string(row.depth) + "," +
                     row.code + "\n";
         if (key(row) == "10A100020")
             text += "小口現金,30000,1,5,10A100020-01\n";

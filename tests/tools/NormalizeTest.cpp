@@ -25,14 +25,8 @@ const std::string kBom = "\xEF\xBB\xBF";
 // full-width digits and grouping commas in amounts, look-alikes without a
 // Shift_JIS form (wave dash, minus, hyphen, low quotes), a letter with an
 // accent and a compatibility character the service refuses (№).
-const std::string kTyped = "1,0,ﾎｸﾄｼﾝｷﾝ,ﾊﾟｰｸ通り支店,Savings,0012345,\"１，２００，０００\",No.5 〜 月末\r\n"
-                           "1,0,みなと銀行,本店,当座,0023456,−5000,„見込‟ ‐ №7\r\n"
-                           "1,0,Café銀行,駅前,定期,0034567,\"3,500\",\r\n"
-                           "1,1,,,,,1198500,合計\r\n";
-const std::string kRepaired = "1,0,ホクトシンキン,パーク通り支店,Ｓａｖｉｎｇｓ,0012345,\"1200000\",Ｎｏ．５　～　月末\r\n"
-                              "1,0,みなと銀行,本店,当座,0023456,-5000,“見込“　‐　Ｎｏ７\r\n"
-                              "1,0,Ｃａｆｅ銀行,駅前,定期,0034567,\"3500\",\r\n"
-                              "1,1,,,,,1198500,合計\r\n";
+const std::string kTyped = readBytes(std::string(QZC_SOURCE_DIR) + "/tests/data/normalize-typed.csv");
+const std::string kRepaired = readBytes(std::string(QZC_SOURCE_DIR) + "/tests/data/normalize-repaired.csv");
 
 std::optional<NormalizeForm> formOf(const std::string& fileName)
 {
