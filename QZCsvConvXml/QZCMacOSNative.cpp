@@ -255,7 +255,10 @@ uint64_t QZCMacOSNative::getFileSize(const char* path)
 
 bool QZCMacOSNative::pathFileIsRead(const char* path)
 {
-    return path && *path && ::access(path, R_OK) == 0;
+    struct stat info;
+    return path && *path && ::access(path, R_OK) == 0 &&
+           !(statPath(path, info) && S_ISREG(info.st_mode) &&
+             static_cast<uint64_t>(info.st_size) > kMaxReadableFileSize);
 }
 
 void QZCMacOSNative::adviseHugePages(const void* data, size_t size)
@@ -296,8 +299,7 @@ std::optional<std::string> QZCMacOSNative::utf8ToSjis(const std::string& text)
 
 std::string QZCMacOSNative::readSJISFile(const char* path)
 {
-    // Texts stay within what a 32-bit length can count, also in UTF-8.
-    constexpr size_t kMaxBytes = INT32_MAX / 3;
+    constexpr size_t kMaxBytes = kMaxReadableFileSize;
     FILE* file = path && *path ? std::fopen(path, "rb") : nullptr;
     if (!file)
         return "";

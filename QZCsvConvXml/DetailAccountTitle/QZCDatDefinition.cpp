@@ -1,7 +1,6 @@
 #include "QZCDatDefinition.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 #include "QZCDOMParser.h"
@@ -9,6 +8,7 @@
 #include "QZCDatITData.h"
 #include "QZCLog.h"
 #include "QZCPublicFunction.h"
+#include "QZCUtility.h"
 
 QZCDatDefinition::QZCDatDefinition() = default;
 
@@ -209,7 +209,7 @@ std::string QZCDatDefinition::MakeReportToCsv(const QZCDatCsvFile* csv, const QZ
             const size_t open = kubun.find('(');
             if (open != std::string::npos) {
                 // The page written in the format kubun, as in HOI010(3).
-                page = std::atol(kubun.substr(open + 1, kubun.find(')') - open - 1).c_str());
+                page = QZCUtility::LeadingInteger(kubun.substr(open + 1, kubun.find(')') - open - 1));
             } else {
                 // Pages follow the rows: a total row closes its page, and a full
                 // page moves on only when another detail row follows.
