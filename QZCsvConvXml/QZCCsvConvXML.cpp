@@ -183,7 +183,7 @@ QZCCsvConvResultXML* QZCCsvConvXML::CsvReportToXml(const char* csvPath, const ch
                                      "QZCCsvConvXML::CsvCheckToAppendedTable", &pages);
     // The page elements, when the file could be read whole and converted,
     // become one well-formed document.
-    if (record && record->GetConformity() != 0 && !pages.empty())
+    if (record && record->GetConformity() != QZIConformityBlocked && !pages.empty())
         report = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<CONTENTS>" + pages + "</CONTENTS>\r\n";
     return record;
 }
@@ -199,7 +199,7 @@ QZCCsvConvResultXML* QZCCsvConvXML::CheckWithConformity(const char* csvPath, con
     // Cleared when a style version was let through for a file whose form is
     // unknown: the outward checks alone then decide the conformity.
     bool conformityFromErrors = true;
-    int64_t conformity = 0;
+    int64_t conformity = QZIConformityBlocked;
     if (auto manager = StartManager(typeCase, label)) {
         try {
             if (manager->InitForPath(ARG_CSV, csvPath) == 0 && manager->InitForPath(ARG_PROPFOLDER, folder) == 0) {
@@ -215,12 +215,12 @@ QZCCsvConvResultXML* QZCCsvConvXML::CheckWithConformity(const char* csvPath, con
                 if (!rejected) {
                     int appearance = manager->AppearanceCheck(csvPath);
                     if (version != 0 || appearance != 0)
-                        conformity = appearance == 0 ? 2 : 0;
+                        conformity = appearance == 0 ? QZIConformityWithErrors : QZIConformityBlocked;
                     else if (manager->LoadCsvWithDefinition() == 0) {
                         passed = manager->ValidateCsv() == 0;
                         // Value errors that do not block conversion still let
                         // the report be written.
-                        const bool convertible = passed || GetCsvCorrectness(QZCUtility::GetError()) != 0;
+                        const bool convertible = passed || GetCsvCorrectness(QZCUtility::GetError()) != QZIConformityBlocked;
                         if (report && convertible && manager->MakeReport(*report) != 0)
                             passed = false;
                     }
@@ -231,7 +231,7 @@ QZCCsvConvResultXML* QZCCsvConvXML::CheckWithConformity(const char* csvPath, con
         }
     }
     if (passed) {
-        record->SetConformity(1);
+        record->SetConformity(QZIConformityClean);
         record->SetResult(PROCESS_OK);
         return record;
     }
@@ -240,7 +240,7 @@ QZCCsvConvResultXML* QZCCsvConvXML::CheckWithConformity(const char* csvPath, con
     if (conformityFromErrors)
         conformity = GetCsvCorrectness(errors);
     record->SetConformity(conformity);
-    record->SetResult(conformity == 0 ? PROCESS_FAIL : PROCESS_OK);
+    record->SetResult(conformity == QZIConformityBlocked ? PROCESS_FAIL : PROCESS_OK);
     return record;
 }
 
@@ -279,10 +279,10 @@ bool QZCCsvConvXML::WriteFileData(const char* path, const char* data)
 int64_t QZCCsvConvXML::GetCsvCorrectness(const std::string& errors)
 {
     if (errors.empty())
-        return 0;
+        return QZIConformityBlocked;
     for (const QZCDatMsgRow& row : DatMsgTable) {
         if (row.blocksConversion == 1 && errors.find(row.code) != std::string::npos)
-            return 0;
+            return QZIConformityBlocked;
     }
-    return 2;
+    return QZIConformityWithErrors;
 }

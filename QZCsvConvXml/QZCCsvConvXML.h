@@ -10,6 +10,17 @@ class QZCXbrlResult;
 // on when asked for and initialises the XML platform; destroying it ends the
 // XML platform, empties the error list and deletes the result records, so
 // nothing survives from one operation to the next.
+//
+// How a check flows: every operation empties the error list and the record
+// count, then drives one subsystem. The detail operations run a
+// QZCDatXMLManager through its fixed steps (arguments, style version and
+// file-name rule, outward checks, loading the file with its definition,
+// validating every record); a failed step ends the run, and the conformity
+// comes from the entries gathered (blocking codes of the detail message
+// table give "cannot be converted"). The financial statements operation
+// hands the folder to QZCProcFacade::CsvCheck2, which leaves one result
+// record per file. Writing checks the folder and hands the data to the file
+// writer. Every entry goes to the one error list, joined for the caller.
 class QZCCsvConvXML {
 public:
     QZCCsvConvXML();

@@ -30,7 +30,7 @@ std::string QZCLoadResource::getBundlePath() const
     std::string folder = libraryFolder();
     if (folder.empty())
         return "";
-    for (const char* relative : {kBundleName, "../share/QZCsvConvXml/QZCsvConvXml.bundle"}) {
+    for (const char* relative : {kBundleName, QZC_BUNDLE_FROM_LIBRARY}) {
         std::string candidate = QZCMacOSNative::appendFilePath(folder.c_str(), relative);
         if (QZCMacOSNative::pathDirectoryExists(candidate.c_str(), false))
             return candidate;

@@ -4,7 +4,8 @@
 
 // Finds the resource bundle "QZCsvConvXml.bundle": the folder named by the
 // environment variable QZCSVCONVXML_BUNDLE, else the bundle beside the loaded
-// library file, else ../share/QZCsvConvXml/QZCsvConvXml.bundle from there.
+// library file, else the installed bundle (share/QZCsvConvXml/ under the
+// installation prefix) found from the library's folder.
 class QZCLoadResource {
 public:
     static constexpr const char* kBundleVariable = "QZCSVCONVXML_BUNDLE";

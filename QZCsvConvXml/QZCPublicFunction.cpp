@@ -3,23 +3,13 @@
 #include <vector>
 
 #include "QZCMacOSNative.h"
+#include "QZCUtility.h"
 
 namespace {
 
 bool equalsIgnoringAsciiCase(const std::string& a, const std::string& b)
 {
-    if (a.size() != b.size())
-        return false;
-    for (size_t i = 0; i < a.size(); ++i) {
-        char x = a[i], y = b[i];
-        if (x >= 'A' && x <= 'Z')
-            x = static_cast<char>(x - 'A' + 'a');
-        if (y >= 'A' && y <= 'Z')
-            y = static_cast<char>(y - 'A' + 'a');
-        if (x != y)
-            return false;
-    }
-    return true;
+    return QZCUtility::AsciiLower(a) == QZCUtility::AsciiLower(b);
 }
 
 // Splits at every CR and every LF, trims each line and drops empty ones.

@@ -149,6 +149,15 @@ const UnitTable& fylaUnits()
 
 }  // namespace
 
+std::string QZCUtility::AsciiLower(std::string text)
+{
+    for (char& c : text) {
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    }
+    return text;
+}
+
 int64_t QZCUtility::LeadingDigits(std::string_view text)
 {
     int64_t value = 0;

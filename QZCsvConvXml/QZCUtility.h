@@ -66,6 +66,12 @@ public:
     static void ClearErrorInfo();
     static std::string GetError();
 
+    // The text, or "" for a null pointer.
+    static std::string OrEmpty(const char* text) { return text ? std::string(text) : std::string(); }
+
+    // The text with ASCII capitals made small; other bytes as they are.
+    static std::string AsciiLower(std::string text);
+
     // The number its leading decimal digits write, 0 when the text does not
     // start with a digit (so "+5" and " 5" are 0); INT64_MAX when it is larger.
     static int64_t LeadingDigits(std::string_view text);

@@ -3,6 +3,7 @@
 #include <unicode/ustring.h>
 
 #include "QZCCsvFile.h"
+#include "QZCCsvTokenizer.h"
 #include "QZCDOMParser.h"
 #include "QZCErrorInfo.h"
 #include "QZCFileWriter.h"
@@ -69,6 +70,21 @@ std::vector<std::vector<std::string>> QZICsvConvSupport::ParseCsv(const std::str
     QZCCsvFile csv;
     csv.ParseCsvData(text.c_str());
     return csv.GetCSVData();
+}
+
+std::vector<std::vector<QZICsvConvSupport::CsvField>> QZICsvConvSupport::SplitDetailCsv(const std::string& text)
+{
+    std::vector<std::vector<CsvField>> records(1);
+    QZCCsvTokenizer::Split(std::string_view(text.c_str()), QZCCsvTokenizer::QuotedEnd::DropsEmptyRecord,
+                           [&](std::string_view field, bool endOfRecord, QZCCsvTokenizer::Span span) {
+                               records.back().push_back(CsvField{std::string(field), span.begin, span.end});
+                               if (endOfRecord)
+                                   records.emplace_back();
+                               return true;
+                           });
+    // The record the last line end opened holds nothing.
+    records.pop_back();
+    return records;
 }
 
 std::vector<std::vector<std::string>> QZICsvConvSupport::ReadCsvRecords(const std::string& path)

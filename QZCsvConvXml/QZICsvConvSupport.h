@@ -1,5 +1,7 @@
 #pragma once
 
+#include "QZICsvConvExport.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -8,7 +10,7 @@
 // Services of the library for programs built on its interface, so that they
 // write files, convert Shift_JIS and read error entries exactly as the
 // library's own operations do.
-class QZICsvConvSupport {
+class QZC_EXPORT QZICsvConvSupport {
 public:
     // One entry of an error text: "0012-00003-HQZ9300E" is line 12, column 3,
     // code "HQZ9300E". Line 9999 marks an argument (column = its number),
@@ -48,6 +50,18 @@ public:
     // unquoted and trimmed as the library reads statement files and code
     // lists.
     static std::vector<std::vector<std::string>> ParseCsv(const std::string& text);
+
+    // The records of a detail-statement or appended-table CSV text (UTF-8)
+    // as the detail operations split them: each field's value as they read
+    // it, and the bytes [begin, end) of the text it was read from: from its
+    // first byte up to the separator or line end after it, so quotes and
+    // the blanks trimmed off included. The text ends at a NUL byte.
+    struct CsvField {
+        std::string value;
+        size_t begin = 0;
+        size_t end = 0;
+    };
+    static std::vector<std::vector<CsvField>> SplitDetailCsv(const std::string& text);
 
     // The lines of a CSV file as the library splits them (Shift_JIS on disk,
     // fields trimmed); empty for a file that cannot be read or is not

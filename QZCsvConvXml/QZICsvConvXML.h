@@ -1,20 +1,21 @@
 #pragma once
 
+#include "QZICsvConvExport.h"
 #include "QZICsvConvResultXML.h"
 #include "QZICsvConvXbrlResultXML.h"
 
 // Result codes of every operation.
-extern const char* const PROCESS_OK;
-extern const char* const PROCESS_FAIL;
-extern const char* const EMPTY_CONST_CHAR;
+extern QZC_EXPORT const char* const PROCESS_OK;
+extern QZC_EXPORT const char* const PROCESS_FAIL;
+extern QZC_EXPORT const char* const EMPTY_CONST_CHAR;
 
-extern const double QZCsvConvXmlVersionNumber;
-extern const unsigned char QZCsvConvXmlVersionString[];
+extern QZC_EXPORT const double QZCsvConvXmlVersionNumber;
+extern QZC_EXPORT const unsigned char QZCsvConvXmlVersionString[];
 
 // The library's interface. Arguments are UTF-8 texts; a null pointer or a
 // text that is not valid UTF-8 is passed on as a missing argument. No
 // operation lets an exception reach the caller.
-class QZICsvConvXML {
+class QZC_EXPORT QZICsvConvXML {
 public:
     // Checks a detail-statement CSV file (Conformity stays 0).
     QZICsvConvResultXML CsvCheckToDetailAccountTitle(const char* csvPath, const char* styleVersion);

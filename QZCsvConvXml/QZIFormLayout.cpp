@@ -109,6 +109,53 @@ bool Fails(const Rule& rule, QZCDatCsvFile& csv)
     return false;
 }
 
+// The width a check keyword asks of a value; nullopt for a check of
+// something else.
+std::optional<QZIFormLayout::Width> WidthOf(const std::string& keyword)
+{
+    using Width = QZIFormLayout::Width;
+    if (keyword == "multibyte")
+        return Width::FullWidth;
+    if (keyword == "number" || keyword == "decimal" || keyword == "alnum" || keyword == "alnum2" ||
+        keyword == "alnum3")
+        return Width::HalfWidth;
+    return std::nullopt;
+}
+
+// Whether every silent condition of the rule holds for the one record of
+// csv, so that the check runs on it.
+bool Applies(const Rule& rule, QZCDatCsvFile& csv)
+{
+    for (const Rule& condition : rule.conditions) {
+        if (!condition.silent)
+            continue;
+        std::unique_ptr<QZCDatValidItem> outer = MakeCheck(condition, MSG_NONE);
+        if (!outer)
+            return false;
+        outer->SetNoMsg("1");
+        try {
+            if (outer->ValidateOuter(&csv, 0, -1) != 0)
+                return false;
+        } catch (...) {
+            return false;  // a fault of the definition
+        }
+    }
+    return true;
+}
+
+// One record of the CSV reader holding the fields, as the checks read it.
+struct RecordFile {
+    QZCDatCsvFile file;
+    explicit RecordFile(const std::vector<std::string>& record)
+    {
+        const int64_t recordCount = g_nRecordCount;
+        file.ParseSimply((std::string(record.size() - 1, ',') + "\n").c_str());
+        g_nRecordCount = recordCount;
+        for (size_t field = 0; field < record.size(); ++field)
+            file.SetItem(record[field], 0, static_cast<int64_t>(field));
+    }
+};
+
 }  // namespace
 
 std::optional<QZIFormLayout::Form> QZIFormLayout::Recognize(const std::string& fileName)
@@ -178,40 +225,35 @@ std::optional<QZIFormLayout> QZIFormLayout::Load(const std::string& reportId, co
     return std::nullopt;
 }
 
+const QZIFormLayout::Section* QZIFormLayout::SectionOf(const std::vector<std::string>& record) const
+{
+    for (const Section& candidate : m_sections) {
+        if (!record.empty() && !candidate.formatKubun.empty() && record[0].find(candidate.formatKubun) != std::string::npos)
+            return &candidate;
+    }
+    return nullptr;
+}
+
+bool QZIFormLayout::TakesPart(const Field& field, const std::vector<std::string>& record) const
+{
+    return !m_rowKinds || field.rowKind.empty() || field.rowKind == (record.size() > 1 ? record[1] : std::string());
+}
+
 QZIFormLayout::Cell QZIFormLayout::Explain(const std::vector<std::string>& record, int column) const
 {
     Cell cell;
-    if (record.empty())
-        return cell;
-    // The format kubun's section as the validation pass finds it: the first
-    // whose id occurs in the record's first field.
-    const Section* section = nullptr;
-    for (const Section& candidate : m_sections) {
-        if (!candidate.formatKubun.empty() && record[0].find(candidate.formatKubun) != std::string::npos) {
-            section = &candidate;
-            break;
-        }
-    }
+    const Section* section = SectionOf(record);
     if (!section)
         return cell;
-
-    // The record as the checks read it: one record of the CSV reader.
-    QZCDatCsvFile csv;
-    const int64_t recordCount = g_nRecordCount;
-    csv.ParseSimply((std::string(record.size() - 1, ',') + "\n").c_str());
-    g_nRecordCount = recordCount;
-    for (size_t field = 0; field < record.size(); ++field)
-        csv.SetItem(record[field], 0, static_cast<int64_t>(field));
-
-    const std::string rowKind = record.size() > 1 ? record[1] : std::string();
+    RecordFile csv(record);
     const Field* reading = nullptr;
     for (const Field& field : section->fields) {
-        if (m_rowKinds && !field.rowKind.empty() && field.rowKind != rowKind)
+        if (!TakesPart(field, record))
             continue;
         if (!reading && field.column == column)
             reading = &field;
         for (const Rule& rule : field.rules) {
-            if (rule.column != column || !Fails(rule, csv))
+            if (rule.column != column || !Fails(rule, csv.file))
                 continue;
             if (cell.failed.empty())
                 cell.field = &field;
@@ -221,4 +263,28 @@ QZIFormLayout::Cell QZIFormLayout::Explain(const std::vector<std::string>& recor
     if (!cell.field)
         cell.field = reading;
     return cell;
+}
+
+std::vector<QZIFormLayout::Width> QZIFormLayout::Widths(const std::vector<std::string>& record) const
+{
+    std::vector<Width> widths(record.size() + 1, Width::Any);
+    std::vector<bool> decided(widths.size(), false);
+    const Section* section = SectionOf(record);
+    if (!section)
+        return widths;
+    RecordFile csv(record);
+    for (const Field& field : section->fields) {
+        if (!TakesPart(field, record))
+            continue;
+        for (const Rule& rule : field.rules) {
+            const std::optional<Width> width = WidthOf(rule.keyword);
+            if (!width || rule.column < 1 || static_cast<size_t>(rule.column) >= widths.size() ||
+                !Applies(rule, csv.file))
+                continue;
+            Width& at = widths[static_cast<size_t>(rule.column)];
+            at = decided[static_cast<size_t>(rule.column)] && at != *width ? Width::Any : *width;
+            decided[static_cast<size_t>(rule.column)] = true;
+        }
+    }
+    return widths;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "QZICsvConvExport.h"
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,7 +12,7 @@
 // label and its checks, and which of those checks a record fails, judged by
 // the library's own checks. Not reentrant, like the operations: use it
 // between them.
-class QZIFormLayout {
+class QZC_EXPORT QZIFormLayout {
 public:
     // The operation that checks a file: the first detail operation takes the
     // oldest style version of each detail form, the second detail operation
@@ -73,7 +75,23 @@ public:
     };
     Cell Explain(const std::vector<std::string>& record, int column) const;
 
+    // The width of the characters a value may hold, as the checks reading it
+    // say: full-width only ("multibyte"), half-width only (the digits of
+    // "number", "decimal", "alnum", "alnum3", the ASCII of "alnum2"), or no
+    // rule of width.
+    enum class Width { Any, FullWidth, HalfWidth };
+    // The width of each value of a record by 1-based column (index 0 unused),
+    // from the checks of its format kubun and row kind that apply to it (the
+    // silent conditions of a check switch it off); Any where they disagree.
+    std::vector<Width> Widths(const std::vector<std::string>& record) const;
+
 private:
+    // The format kubun's section as the validation pass finds it: the first
+    // whose id occurs in the record's first field; null for none.
+    const Section* SectionOf(const std::vector<std::string>& record) const;
+    // Whether the element takes part in a record of the row kind.
+    bool TakesPart(const Field& field, const std::vector<std::string>& record) const;
+
     std::vector<Section> m_sections;
     // Detail statements: an element with a row kind takes part only in
     // records of that kind.

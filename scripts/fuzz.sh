@@ -19,9 +19,10 @@ cmake --build "$build" -j2
 # Target and the dictionary of its format.
 declare -A dictionary=(
   [detail_csv]=csv [detail_light]=csv [statements_csv]=csv [statements_folder]=csv
-  [definition]=xml [settings]=ini [sjis]=sjis [csv_write]=sjis)
+  [definition]=xml [settings]=ini [sjis]=sjis [csv_write]=sjis [normalize]=normalize)
 targets=("$@")
-((${#targets[@]})) || targets=(detail_csv detail_light statements_csv statements_folder definition settings sjis csv_write)
+((${#targets[@]})) || targets=(detail_csv detail_light statements_csv statements_folder definition settings sjis csv_write
+  normalize)
 
 # Scratch files in memory where possible: the write target syncs every file
 # it writes, which on a disk costs more than the rest of an execution.

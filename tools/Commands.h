@@ -37,4 +37,4 @@ std::string statementsFile(const Json& answer, size_t index);
 int exitStatus(const Json& answer);
 
 // The version of the answer layout, as the schema file names it.
-inline constexpr const char* kSchemaVersion = "1.0";
+inline constexpr const char* kSchemaVersion = "1.1";

@@ -102,11 +102,12 @@ std::string reportIdOf(const std::string& path)
 
 // The field named by a column of the record, for a rule's condition.
 std::string labelOf(const QZIFormLayout& layout, const std::vector<std::string>& record, int column,
-                    Language language)
+                    bool detailStatement, Language language)
 {
     if (const QZIFormLayout::Field* field = layout.Explain(record, column).field)
         return field->label;
-    return Text{"列", "column "}(language) + std::to_string(column);
+    const std::string frame = frameColumn(column, detailStatement, language);
+    return !frame.empty() ? frame : Text{"列", "column "}(language) + std::to_string(column);
 }
 
 // The columns a date check reads from its era column on: era, year, month
@@ -117,14 +118,15 @@ size_t dateColumns(const std::string& keyword)
 }
 
 std::string failedRulesInWords(const std::vector<const QZIFormLayout::Rule*>& rules, const QZIFormLayout& layout,
-                               const std::vector<std::string>& record, Language language)
+                               const std::vector<std::string>& record, bool detailStatement, Language language)
 {
     std::string words;
     for (const QZIFormLayout::Rule* rule : rules) {
         words += (words.empty() ? "" : Text{"、", "; "}(language)) + ruleInWords(*rule, language);
         for (const QZIFormLayout::Rule& condition : rule->conditions)
             words += Text{"（", " ("}(language) +
-                     conditionInWords(condition, labelOf(layout, record, condition.column, language), language) +
+                     conditionInWords(condition, labelOf(layout, record, condition.column, detailStatement, language),
+                                      language) +
                      Text{"）", ")"}(language);
     }
     return words;
@@ -184,7 +186,7 @@ std::vector<Json> explainDetail(const std::string& file, const std::string& csvP
             else if (!frame.empty())
                 entry["Field"] = frame;
             if (!cell.failed.empty())
-                entry["Rule"] = failedRulesInWords(cell.failed, *layout, record, language);
+                entry["Rule"] = failedRulesInWords(cell.failed, *layout, record, detailStatement, language);
         }
         entries.push_back(std::move(entry));
     }

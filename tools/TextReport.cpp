@@ -1,5 +1,6 @@
 #include "TextReport.h"
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -94,6 +95,18 @@ void printStatements(std::ostream& out, const Json& answer, Language language)
 }
 
 }  // namespace
+
+void printCheckSummary(std::ostream& out, const Json& check, Language language)
+{
+    const Json& summary = check["Summary"];
+    char seconds[32];
+    std::snprintf(seconds, sizeof seconds, "%.1f", summary["Seconds"].get<double>());
+    out << Text{"チェックした入力: ", "Inputs checked: "}(language) << summary["Inputs"].get<int64_t>()
+        << Text{"（", " ("}(language) << seconds << Text{" 秒）", " s)"}(language) << "\n"
+        << Text{"問題なし: ", "clean: "}(language) << summary["Clean"].get<int64_t>() << ", "
+        << Text{"指摘あり: ", "with findings: "}(language) << summary["WithFindings"].get<int64_t>() << ", "
+        << Text{"失敗: ", "failed: "}(language) << summary["Failed"].get<int64_t>() << "\n";
+}
 
 std::string titleOf(const Json& answer, Language language)
 {

@@ -9,6 +9,10 @@
 // rule and message.
 void printAnswer(std::ostream& out, const Json& answer, Language language);
 
+// The last lines of a check: how many inputs, how many clean, with
+// findings and failed, and the time taken.
+void printCheckSummary(std::ostream& out, const Json& check, Language language);
+
 // The title of a command's report, such as "Detail statement check", and
 // the verdict of an answer in words, such as "can be converted with warnings".
 std::string titleOf(const Json& answer, Language language);

@@ -9,14 +9,18 @@
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <stdexcept>
 #include <iostream>
 #include <string>
 #include <vector>
 
 #include <CLI/CLI.hpp>
 
+#include "Check.h"
 #include "Commands.h"
+#include "HtmlReport.h"
 #include "ImportCodes.h"
+#include "Normalize.h"
 #include "QZICsvConvSupport.h"
 #include "QZICsvConvXML.h"
 #include "TextReport.h"
@@ -47,13 +51,20 @@ const char* const kFooter = R"(Examples:
       check a detail statement or appended table and write its report XML
   printf 'HOI010,0,みなと銀行,1200000\r\n' | qzcsvconv write HOI010_4.0.csv -
       write UTF-8 text as a Shift_JIS CSV file
-  qzcsvconv --json --lang en detail2 - 4.0 < HOI010_4.0.csv
-      a CSV file on standard input ("-"): its name is made of its first field
-      and the style version
+  qzcsvconv --json --lang en --name HOI010_4.0.csv detail2 - 4.0 < bank.csv
+      a CSV file on standard input ("-"), checked under the name --name gives
+  qzcsvconv check --html filing.html filing/ HOB016_6.0.csv
+      check every file and folder of a filing in parallel, each by the command
+      its file name belongs to, and show it as a page with the errors marked
+  find filing -name '*.csv' | qzcsvconv check -j 4 -
+      the paths to check on standard input
+  qzcsvconv normalize --fold-accents HOI010_4.0_bank.csv HOI010_4.0.csv
+      repair the characters and widths of a file (UTF-8 or Shift_JIS) and
+      write it as Shift_JIS; every change is listed
 
 Exit status:
-  0  nothing was found: the file can be converted, was written, or every
-     statements file is complete
+  0  nothing was found: the file can be converted, was written, every
+     statements file is complete, or (check) every input is clean
   1  anything was found or the operation failed
   2  usage error
 
@@ -90,6 +101,8 @@ int run(int argc, char** argv)
                    "File name to check a CSV file on standard input under, such as HOI010_4.0_bank.csv");
     app.add_option("--lang", lang, "Language of the report and of the messages (default from the locale)")
         ->check(CLI::IsMember({"ja", "en"}));
+    std::string html;
+    app.add_option("--html", html, "Also write the answer as a self-contained HTML page to this file");
 
     std::vector<std::string> arguments(3);
     auto addCommand = [&](const char* name, const char* description, const char* first, const char* firstHelp,
@@ -117,6 +130,22 @@ int run(int argc, char** argv)
                "The public account list saved as CSV (Shift_JIS or UTF-8)")
         ->add_option("OUT", arguments[2], "Code list file to write")
         ->required();
+    NormalizeOptions normalize;
+    CLI::App* normalizeCommand = app.add_subcommand(
+        "normalize", "Rewrite a CSV file into the characters and widths its form accepts, as Shift_JIS");
+    normalizeCommand->add_option("IN", normalize.input, "CSV file, Shift_JIS or UTF-8")->required();
+    normalizeCommand->add_option("OUT", normalize.output, "File to write");
+    normalizeCommand->add_flag("--in-place", normalize.inPlace, "Rewrite IN itself");
+    normalizeCommand->add_option("--for", normalize.form, "The form, such as HOI010_4.0 (default: from IN's name)");
+    normalizeCommand->add_flag("--fold-accents", normalize.foldAccents, "Write letters with accents as their base letters");
+
+    CheckOptions checkOptions;
+    CLI::App* check = app.add_subcommand("check", "Check files and folders of a filing, each by the command its "
+                                                  "file name belongs to, in parallel");
+    check->add_option("PATH", checkOptions.paths, "Files and folders; - for a list of paths on standard input")
+        ->required();
+    check->add_option("-j,--jobs", checkOptions.jobs, "Inputs checked at once (default: one per core)")
+        ->check(CLI::PositiveNumber);
 
     try {
         app.parse(argc, argv);
@@ -138,19 +167,38 @@ int run(int argc, char** argv)
 
     if (!bundle.empty())
         ::setenv(QZICsvConvSupport::BundleVariable(), bundle.c_str(), 1);
+    const Language language = lang == "en" ? Language::English : Language::Japanese;
+    auto writeHtml = [&](const Json& answers) {
+        if (!html.empty() && !QZICsvConvSupport::WriteFile(html, htmlPage(answers, language)))
+            throw std::runtime_error("cannot write " + html);
+    };
+    if (*check) {
+        checkOptions.json = json;
+        checkOptions.language = language;
+        const Json answer = runCheck(checkOptions);
+        if (json)
+            std::cout << answer.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+        else
+            printCheckSummary(std::cout, answer, language);
+        writeHtml(answer["Answers"]);
+        return exitStatus(answer);
+    }
+
     call.command = app.get_subcommands().front()->get_name();
-    call.language = lang == "en" ? Language::English : Language::Japanese;
+    call.language = language;
     if (call.command == "import-codes")
-        return ImportCodes(arguments[0], arguments[1], arguments[2], json, call.language);
-    arguments.pop_back();
-    call.arguments = arguments;
+        return ImportCodes(arguments[0], arguments[1], arguments[2], json, language);
+    if (call.command == "normalize")
+        return Normalize(normalize, json, language);
+    call.arguments = {arguments[0], arguments[1]};
     const Json answer = runCommand(call);
+    writeHtml(Json::array({answer}));
     if (json) {
         std::cout << answer.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
     } else {
         // The report XML takes standard output unless it goes to a file.
         const bool xmlOut = call.command == "report" && call.output.empty() && !answer["Report"].get<std::string>().empty();
-        printAnswer(xmlOut ? std::cerr : std::cout, answer, call.language);
+        printAnswer(xmlOut ? std::cerr : std::cout, answer, language);
         if (xmlOut)
             std::cout << answer["Report"].get<std::string>();
     }

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <sstream>
 
+#include "QZCCsvTokenizer.h"
 #include "QZCDOMParser.h"
 #include "QZCDatConvertInfo.h"
 #include "QZCDatITData.h"
@@ -54,15 +55,8 @@ int QZCDatCsvFile::ReadFile(const char* path, QZCDOMParser* definition)
     try {
         m_pDefinition = definition;
         Clear();
-        const char* problem = nullptr;
-        if (!QZCMacOSNative::pathFileExists(path)) {
-            problem = "CSVファイルが存在しません。";
-        } else if (!QZCMacOSNative::pathFileIsRead(path)) {
-            problem = "CSVファイルリードエラーが発生しました。";
-        } else if (static_cast<int64_t>(QZCMacOSNative::getFileSize(path)) <= 0) {
-            problem = "CSVファイルにデータがありません。";
-        }
-        if (problem != nullptr) {
+        const char* problem = QZCMacOSNative::csvFileProblem(path);
+        if (*problem != '\0') {
             QZC_LOG(label, problem);
             QZCUtility::AddParamErrorInfoDefinition(1, "HQZ9230E");
             return -1;
@@ -114,71 +108,23 @@ int QZCDatCsvFile::Parse(const char* text)
         QZC_LOG("QZCDatCsvFile::Parse", "引数のポインタが不正です。");
         throw -1;
     }
-    const size_t length = std::strlen(text);
-    // Field starts are 32-bit: texts come from files of at most 2 GB.
-    if (m_strFieldTexts.size() + length >= UINT32_MAX) {
+    const std::string_view view(text);
+    size_t lineEnds = 0;
+    size_t separators = 0;
+    for (const char c : view) {
+        lineEnds += c == '\n';
+        separators += c == ',';
+    }
+    if (!m_fields.Reserve(view.size(), lineEnds, separators)) {
         QZC_LOG("QZCDatCsvFile::Parse", "想定外エラーが発生しました。");
         throw -1;
     }
-    // Room for every record and field up front: growing by doubling would
-    // touch twice the memory of a large file.
-    size_t lineEnds = 0;
-    size_t separators = 0;
-    for (const char* c = text; c != text + length; ++c) {
-        lineEnds += *c == '\n';
-        separators += *c == ',';
-    }
-    m_strFieldTexts.reserve(m_strFieldTexts.size() + length + 1);
-    m_vecFieldStarts.reserve(m_vecFieldStarts.size() + lineEnds + separators + 1);
-    m_vecRecords.reserve(m_vecRecords.size() + lineEnds + 1);
-    QZCMacOSNative::adviseHugePages(m_strFieldTexts.data(), m_strFieldTexts.capacity());
-    QZCMacOSNative::adviseHugePages(m_vecFieldStarts.data(), m_vecFieldStarts.capacity() * sizeof(uint32_t));
-    QZCMacOSNative::adviseHugePages(m_vecRecords.data(), m_vecRecords.capacity() * sizeof(Record));
-    m_nRecordFirst = static_cast<uint32_t>(m_vecFieldStarts.size());
-    std::string field;
-    bool fieldStart = true;
-    bool quoted = false;
-    for (size_t i = 0; i < length; ++i) {
-        const char c = text[i];
-        if (quoted) {
-            // A quote closes the field only where a separator or line end
-            // follows (one blank may stand before the line feed); any other
-            // quote, a doubled one included, belongs to the value.
-            const char next = i + 1 < length ? text[i + 1] : '\0';
-            const bool closes = c == '"' && (next == '\0' || next == ',' || IsLineEnd(next) ||
-                                             (i + 2 < length && text[i + 2] == '\n'));
-            if (closes) {
-                quoted = false;
-            } else {
-                field += c;
-            }
-            continue;
-        }
-        if (fieldStart && c == '"') {
-            quoted = true;
-            fieldStart = false;
-            continue;
-        }
-        fieldStart = false;
-        if (c == ',') {
-            ColumnTerm(field, false);
-            fieldStart = true;
-        } else if (IsLineEnd(c)) {
-            if (c == '\r' && i + 1 < length && text[i + 1] == '\n') {
-                ++i;
-            }
-            if (ColumnTerm(field, true) != 0) {
-                return -1;
-            }
-            fieldStart = true;
-        } else {
-            field += c;
-        }
-    }
-    if (m_vecFieldStarts.size() == m_nRecordFirst && field.empty()) {
-        return 0;
-    }
-    return ColumnTerm(field, true) != 0 ? -1 : 0;
+    const bool complete = QZCCsvTokenizer::Split(
+        view, QZCCsvTokenizer::QuotedEnd::DropsEmptyRecord,
+        [this](std::string_view field, bool endOfRecord, QZCCsvTokenizer::Span) {
+            return ColumnTerm(field, endOfRecord) == 0;
+        });
+    return complete ? 0 : -1;
 }
 
 int64_t QZCDatCsvFile::GetRoughRecordCount(const std::string& text) const
@@ -216,7 +162,7 @@ std::map<std::string, ReportAttr_t> QZCDatCsvFile::GetFormatKubun() const
 
 int64_t QZCDatCsvFile::GetRecordCount() const
 {
-    const auto count = static_cast<int64_t>(m_vecRecords.size());
+    const auto count = static_cast<int64_t>(m_fields.RecordCount());
     if (count >= kMaxRecordCount) {
         QZC_LOG("QZCDatCsvFile::GetRecordCount", "想定外エラーが発生しました。");
         throw -1;
@@ -226,33 +172,24 @@ int64_t QZCDatCsvFile::GetRecordCount() const
 
 bool QZCDatCsvFile::IsValidRecord(int64_t record) const
 {
-    return *GetItem(record, 0) != '\0' && m_vecRecords[static_cast<size_t>(record)].count >= 2;
+    return *GetItem(record, 0) != '\0' && m_fields.At(static_cast<size_t>(record)).count >= 2;
 }
 
 const char* QZCDatCsvFile::GetItem(int64_t record, int64_t field) const
 {
-    if (record < 0 || field < 0 || record >= static_cast<int64_t>(m_vecRecords.size()) || field > UINT32_MAX) {
+    if (record < 0 || field < 0 || record >= static_cast<int64_t>(m_fields.RecordCount()) || field > UINT32_MAX) {
         return "";
     }
-    return Field(m_vecRecords[static_cast<size_t>(record)], static_cast<uint32_t>(field));
+    return Field(m_fields.At(static_cast<size_t>(record)), static_cast<uint32_t>(field));
 }
 
 void QZCDatCsvFile::SetItem(const std::string& value, int64_t record, int64_t field)
 {
-    if (record < 0 || field < 0 || record >= static_cast<int64_t>(m_vecRecords.size()) ||
-        field >= m_vecRecords[static_cast<size_t>(record)].count) {
+    if (record < 0 || field < 0 || record >= static_cast<int64_t>(m_fields.RecordCount()) ||
+        field >= m_fields.At(static_cast<size_t>(record)).count) {
         return;
     }
-    uint32_t& start = m_vecFieldStarts[m_vecRecords[static_cast<size_t>(record)].first + static_cast<uint32_t>(field)];
-    const char* text = value.c_str();
-    const size_t length = std::strlen(text);
-    // A text that fits takes the old one's place; a longer one goes to the end.
-    if (length <= std::strlen(m_strFieldTexts.data() + start)) {
-        std::memcpy(&m_strFieldTexts[start], text, length + 1);
-    } else if (m_strFieldTexts.size() + length < UINT32_MAX) {
-        start = static_cast<uint32_t>(m_strFieldTexts.size());
-        m_strFieldTexts.append(text, length).push_back('\0');
-    }
+    m_fields.SetField(static_cast<size_t>(record), static_cast<uint32_t>(field), value.c_str());
 }
 
 bool QZCDatCsvFile::IsMeisai(int64_t record, int64_t field) const
@@ -279,9 +216,7 @@ int64_t QZCDatCsvFile::GetMaxOccursPerTag(const std::string& formatKubun) const
 
 void QZCDatCsvFile::DeleteEmptyRecord()
 {
-    m_vecRecords.erase(std::remove_if(m_vecRecords.begin(), m_vecRecords.end(),
-                                      [this](const Record& r) { return *Field(r, 0) == '\0'; }),
-                       m_vecRecords.end());
+    m_fields.RemoveRecordsWithoutFirstField();
 }
 
 void QZCDatCsvFile::Clear()
@@ -289,23 +224,18 @@ void QZCDatCsvFile::Clear()
     m_mapFormatKubun.clear();
     m_mapMaxOccurs.clear();
     m_mapFormatKubunInfo.clear();
-    m_vecRecords.clear();
-    m_vecFieldStarts.clear();
-    m_strFieldTexts.clear();
-    m_nRecordFirst = 0;
+    m_fields.Clear();
     m_nColumnCount = 0;
     m_nMaxOccurs = 0;
 }
 
-int QZCDatCsvFile::ColumnTerm(std::string& field, bool endOfRecord)
+int QZCDatCsvFile::ColumnTerm(std::string_view field, bool endOfRecord)
 {
-    m_vecFieldStarts.push_back(static_cast<uint32_t>(m_strFieldTexts.size()));
-    m_strFieldTexts.append(QZCMacOSNative::viewByTrimming(field)).push_back('\0');
-    field.clear();
+    m_fields.AddField(field);
     if (!endOfRecord) {
         return 0;
     }
-    const Record record{m_nRecordFirst, static_cast<uint32_t>(m_vecFieldStarts.size()) - m_nRecordFirst};
+    const Record record = m_fields.EndRecord();
     if (!m_bSimpleMode) {
         if (!ValidateRecord(record)) {
             return -1;
@@ -313,8 +243,7 @@ int QZCDatCsvFile::ColumnTerm(std::string& field, bool endOfRecord)
     } else if (m_nInvalidResult == 0) {
         ValidFylstring(record);
     }
-    m_vecRecords.push_back(record);
-    m_nRecordFirst = static_cast<uint32_t>(m_vecFieldStarts.size());
+    m_fields.Keep(record);
     return 0;
 }
 
@@ -456,7 +385,8 @@ bool QZCDatCsvFile::IsCorrectRecordRelation(int64_t& line) const
 {
     std::map<std::string, int64_t> counts;
     int64_t number = 0;
-    for (const Record& record : m_vecRecords) {
+    for (size_t index = 0; index < m_fields.RecordCount(); ++index) {
+        const Record& record = m_fields.At(index);
         ++number;
         const char* formatKubun = Field(record, 0);
         if (std::strchr(formatKubun, '(') == nullptr) {
@@ -513,10 +443,10 @@ const QZCDatCsvFile::FormatKubunInfo& QZCDatCsvFile::LookUpFormatKubun(const std
 
 const char* QZCDatCsvFile::Field(const Record& record, uint32_t field) const
 {
-    return field < record.count ? m_strFieldTexts.data() + m_vecFieldStarts[record.first + field] : "";
+    return m_fields.Field(record, field);
 }
 
 int64_t QZCDatCsvFile::CurrentLine() const
 {
-    return static_cast<int64_t>(m_vecRecords.size()) + 1;
+    return static_cast<int64_t>(m_fields.RecordCount()) + 1;
 }

@@ -3,7 +3,10 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
+
+#include "QZCDatFieldStore.h"
 
 class QZCDOMParser;
 
@@ -63,15 +66,11 @@ private:
         std::vector<std::string> meisaiGoukei;
     };
 
-    // A record's fields are the field starts first .. first + count - 1.
-    struct Record {
-        uint32_t first;
-        uint32_t count;
-    };
+    using Record = QZCDatFieldStore::Record;
 
-    // Moves the trimmed field into the record being read and empties it; at
-    // the record's end checks the record and keeps it.
-    int ColumnTerm(std::string& field, bool endOfRecord);
+    // Adds the trimmed field to the record being read; at the record's end
+    // checks the record and keeps it.
+    int ColumnTerm(std::string_view field, bool endOfRecord);
     bool ValidateRecord(const Record& record);
     void ValidFylstring(const Record& record);
     const char* Field(const Record& record, uint32_t field) const;
@@ -92,14 +91,7 @@ private:
     QZCDOMParser* m_pDefinition = nullptr;
     int64_t m_nColumnCount = 0;
     int64_t m_nMaxOccurs = 0;
-    // Every field's trimmed text ended by a NUL, one after another: one
-    // buffer instead of a string per field keeps a million-record file at a
-    // third of the memory and spares an allocation per field.
-    std::string m_strFieldTexts;
-    std::vector<uint32_t> m_vecFieldStarts;
-    std::vector<Record> m_vecRecords;
-    // First field of the record being read.
-    uint32_t m_nRecordFirst = 0;
+    QZCDatFieldStore m_fields;
     // The field under the character test, reused to spare an allocation.
     std::string m_strScratch;
     bool m_bSimpleMode = false;

@@ -1,6 +1,7 @@
 #include "QZCDatDefinition.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include "QZCDOMParser.h"
@@ -174,6 +175,39 @@ bool isDetailRow(const QZCDatCsvFile* csv, int64_t record)
     return std::strcmp(csv->GetItem(record, 1), "0") == 0;
 }
 
+// The page of each record: the one written in its format kubun, as in
+// HOI010(3), or else the running page of its kubun. A total row closes its
+// page, and a full page moves on only when another detail row follows.
+class PageNumbering {
+public:
+    explicit PageNumbering(const std::vector<std::unique_ptr<QZCDatXMLDefReport>>& roots)
+    {
+        for (const auto& root : roots)
+            m_pages[root->GetId()] = 1;
+    }
+
+    int64_t PageOf(const QZCDatCsvFile* csv, int64_t record, const std::string& kubun)
+    {
+        const size_t open = kubun.find('(');
+        if (open != std::string::npos)
+            return QZCUtility::LeadingInteger(kubun.substr(open + 1, kubun.find(')') - open - 1));
+        const int64_t rows = ++m_rows[kubun];
+        const int64_t page = m_pages[kubun];
+        const bool total = !isDetailRow(csv, record);
+        const bool fullBeforeDetail = !total && record + 1 < csv->GetRecordCount() &&
+                                      isDetailRow(csv, record + 1) && rows == csv->GetMaxOccurs(kubun);
+        if (total || fullBeforeDetail) {
+            ++m_pages[kubun];
+            m_rows[kubun] = 0;
+        }
+        return page;
+    }
+
+private:
+    std::map<std::string, int64_t> m_pages;
+    std::map<std::string, int64_t> m_rows;
+};
+
 }  // namespace
 
 std::string QZCDatDefinition::MakeReportToCsv(const QZCDatCsvFile* csv, const QZCDatITData* itData)
@@ -184,18 +218,8 @@ std::string QZCDatDefinition::MakeReportToCsv(const QZCDatCsvFile* csv, const QZ
         throw -1;
     }
     try {
-        const std::string day = QZCPublicFunction::Now("yyyy'-'MM'-'dd", nullptr);
-        const std::string version = QZCPublicFunction::SpecialEncoding(itData->GetITData(ARG_VR));
-        const std::string creator = QZCPublicFunction::SpecialEncoding(itData->GetITData(ARG_SAKUSEINM));
-        const std::string software = QZCPublicFunction::SpecialEncoding(itData->GetITData(ARG_SOFTNM));
-        const std::string csvName = QZCPublicFunction::SpecialEncoding(itData->GetCsvFileName());
-
-        std::map<std::string, int64_t> pageCounter;
-        std::map<std::string, int64_t> rowCounter;
-        std::map<int64_t, std::map<std::string, _ReportTable>> pages;
-        for (const auto& root : m_vecPrintRootNode)
-            pageCounter[root->GetId()] = 1;
-
+        PageNumbering numbering(m_vecPrintRootNode);
+        ReportPages pages;
         const int64_t count = csv->GetRecordCount();
         for (int64_t i = 0; i < count; ++i) {
             const std::string kubun = csv->GetItem(i, 0);
@@ -205,25 +229,7 @@ std::string QZCDatDefinition::MakeReportToCsv(const QZCDatCsvFile* csv, const QZ
                 throw -1;
             }
             std::string fragment = root->WriteNode(csv, i, itData);
-            int64_t page;
-            const size_t open = kubun.find('(');
-            if (open != std::string::npos) {
-                // The page written in the format kubun, as in HOI010(3).
-                page = QZCUtility::LeadingInteger(kubun.substr(open + 1, kubun.find(')') - open - 1));
-            } else {
-                // Pages follow the rows: a total row closes its page, and a full
-                // page moves on only when another detail row follows.
-                const int64_t rows = ++rowCounter[kubun];
-                page = pageCounter[kubun];
-                const bool total = !isDetailRow(csv, i);
-                const bool fullBeforeDetail = !total && i + 1 < count && isDetailRow(csv, i + 1)
-                                              && rows == csv->GetMaxOccurs(kubun);
-                if (total || fullBeforeDetail) {
-                    ++pageCounter[kubun];
-                    rowCounter[kubun] = 0;
-                }
-            }
-
+            const int64_t page = numbering.PageOf(csv, i, kubun);
             std::string name;
             _ReportTable table;
             GetLevel4Tag(root, fragment, name, table);
@@ -235,27 +241,36 @@ std::string QZCDatDefinition::MakeReportToCsv(const QZCDatCsvFile* csv, const QZ
             else
                 tables.emplace(name, std::move(table));
         }
-
-        std::string text;
-        const bool withFileName = !itData->IsD15HO001On();
-        for (const auto& [page, tables] : pages) {
-            text += tagPiece("<%s VR=\"%s\" id=\"%s-%ld\" page=\"%ld\" sakuseiDay=\"%s\" sakuseiNM=\"%s\" softNM=\"%s",
-                             m_strReportId.c_str(), version.c_str(), m_strReportId.c_str(), static_cast<long>(page),
-                             static_cast<long>(page), day.c_str(), creator.c_str(), software.c_str());
-            if (withFileName)
-                text += tagPiece("\" csvFileNM=\"%s", csvName.c_str());
-            text += "\">";
-            for (const auto& [name, table] : tables) {
-                if (!name.empty())
-                    TagCorrection2(text, table);
-            }
-            text += "</" + m_strReportId + ">";
-        }
-        return text;
+        return WritePages(pages, itData);
     } catch (...) {
         QZC_LOG(label, "想定外エラーが発生しました。");
         throw -1;
     }
+}
+
+std::string QZCDatDefinition::WritePages(const ReportPages& pages, const QZCDatITData* itData) const
+{
+    const std::string day = QZCPublicFunction::Now("yyyy'-'MM'-'dd", nullptr);
+    const std::string version = QZCPublicFunction::SpecialEncoding(itData->GetITData(ARG_VR));
+    const std::string creator = QZCPublicFunction::SpecialEncoding(itData->GetITData(ARG_SAKUSEINM));
+    const std::string software = QZCPublicFunction::SpecialEncoding(itData->GetITData(ARG_SOFTNM));
+    const std::string csvName = QZCPublicFunction::SpecialEncoding(itData->GetCsvFileName());
+    const bool withFileName = !itData->IsD15HO001On();
+    std::string text;
+    for (const auto& [page, tables] : pages) {
+        text += tagPiece("<%s VR=\"%s\" id=\"%s-%ld\" page=\"%ld\" sakuseiDay=\"%s\" sakuseiNM=\"%s\" softNM=\"%s",
+                         m_strReportId.c_str(), version.c_str(), m_strReportId.c_str(), static_cast<long>(page),
+                         static_cast<long>(page), day.c_str(), creator.c_str(), software.c_str());
+        if (withFileName)
+            text += tagPiece("\" csvFileNM=\"%s", csvName.c_str());
+        text += "\">";
+        for (const auto& [name, table] : tables) {
+            if (!name.empty())
+                TagCorrection2(text, table);
+        }
+        text += "</" + m_strReportId + ">";
+    }
+    return text;
 }
 
 void QZCDatDefinition::GetLevel4Tag(const QZCDatXMLDefReport* report, std::string fragment, std::string& name,

@@ -54,6 +54,10 @@ public:
     std::string MakeReportToCsv(const QZCDatCsvFile* csv, const QZCDatITData* itData);
 
 private:
+    // The tables of each page's first-level elements, by page number.
+    using ReportPages = std::map<int64_t, std::map<std::string, _ReportTable>>;
+    // One page element per page, in page order, around its tables.
+    std::string WritePages(const ReportPages& pages, const QZCDatITData* itData) const;
     void GetLevel4Tag(const QZCDatXMLDefReport* report, std::string fragment, std::string& name,
                       _ReportTable& table) const;
     void TagCorrection1(std::string& fragment, _ReportTable& table) const;

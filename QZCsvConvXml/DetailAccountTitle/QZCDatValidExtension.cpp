@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "QZCUtility.h"
+
 void QZCDatValidExtension::SetParam(const std::string& list)
 {
     m_vecExtensions = SplitWords(list);
@@ -17,9 +19,7 @@ QZCDatMessage_t QZCDatValidExtension::_validate(const std::string& value)
     }
     const size_t point = value.rfind('.');
     if (point != std::string::npos) {
-        std::string extension = value.substr(point);
-        std::transform(extension.begin(), extension.end(), extension.begin(),
-                       [](char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; });
+        const std::string extension = QZCUtility::AsciiLower(value.substr(point));
         if (std::find(m_vecExtensions.begin(), m_vecExtensions.end(), extension) != m_vecExtensions.end()) {
             return MSG_NONE;
         }

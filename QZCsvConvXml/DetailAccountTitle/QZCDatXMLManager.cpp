@@ -344,15 +344,8 @@ const std::string& QZCDatXMLManager::GetReportId()
     }
     try {
         const char* path = m_strCsvPath.c_str();
-        const char* problem = nullptr;
-        if (!QZCMacOSNative::pathFileExists(path)) {
-            problem = "CSVファイルが存在しません。";
-        } else if (!QZCMacOSNative::pathFileIsRead(path)) {
-            problem = "CSVファイルリードエラーが発生しました。";
-        } else if (QZCMacOSNative::getFileSize(path) == 0) {
-            problem = "CSVファイルにデータがありません。";
-        }
-        if (problem != nullptr) {
+        const char* problem = QZCMacOSNative::csvFileProblem(path);
+        if (*problem != '\0') {
             QZC_LOG(label, problem);
             if (IsTypeCaseDetail()) {
                 QZCUtility::AddParamErrorInfoDefinition(1, "HQZ9230E");

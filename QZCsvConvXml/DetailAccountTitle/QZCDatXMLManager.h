@@ -11,6 +11,17 @@
 // validation definition and validating every record. Operations return 0 on
 // success and non-zero on failure; what went wrong is in the error list.
 // Destroying the manager ends the conversion's shared state.
+//
+// How a check flows: InitForPath checks the CSV path and finds the
+// definition folder; SetITData with the style version applies the file-name
+// rule, reads the file once for its report id (GetReportId) and checks the
+// version against the forms table; AppearanceCheck checks the name's
+// characters and length and, in the light pass, every character of the
+// text; LoadCsvWithDefinition parses the definition, reads the file record
+// by record, checking each record's frame (format kubun, columns, row kind,
+// rows per page: QZCDatCsvFile), and builds the tree of definition nodes
+// with their validators (QZCDatDefinition); ValidateCsv runs every node's
+// validators over every record. Each failed check adds its entry.
 class QZCDatXMLManager {
 public:
     explicit QZCDatXMLManager(uint16_t typeCase);

@@ -47,26 +47,26 @@ void QZCAccountFile::setCategoryTakingErrors(int64_t checkResult, const std::str
 
 void QZCAccountFile::SetCompleteResultInfo(const std::string& styleVersion)
 {
-    setCategory(0, styleVersion, std::string(), std::string());
+    setCategory(QZICheckComplete, styleVersion, std::string(), std::string());
 }
 
 void QZCAccountFile::SetIncompleteResultInfo(const std::string& styleVersion)
 {
-    setCategoryTakingErrors(1, styleVersion, m_strGenericCSV);
+    setCategoryTakingErrors(QZICheckIncomplete, styleVersion, m_strGenericCSV);
 }
 
 void QZCAccountFile::SetInconsistencyResultInfo(const std::string& styleVersion)
 {
-    setCategoryTakingErrors(2, styleVersion, m_strGenericCSV);
+    setCategoryTakingErrors(QZICheckInconsistent, styleVersion, m_strGenericCSV);
 }
 
 void QZCAccountFile::SetInconsistencyResultInfo(const std::string& styleVersion, const std::string& detail)
 {
-    setCategory(2, styleVersion, m_strGenericCSV, detail);
+    setCategory(QZICheckInconsistent, styleVersion, m_strGenericCSV, detail);
     QZCUtility::ClearErrorInfo();
 }
 
 void QZCAccountFile::SetFormatErrorResultInfo(const std::string& styleVersion)
 {
-    setCategoryTakingErrors(3, styleVersion, std::string());
+    setCategoryTakingErrors(QZICheckFormatError, styleVersion, std::string());
 }

@@ -1,10 +1,8 @@
 #include "QZCCsvFile.h"
 
-#include <cstring>
-
+#include "QZCCsvTokenizer.h"
 #include "QZCLog.h"
 #include "QZCMacOSNative.h"
-#include "QZCPublicFunction.h"
 #include "QZCUtility.h"
 
 bool QZCCsvFile::ReadCsvFile(const char* path)
@@ -16,15 +14,8 @@ bool QZCCsvFile::ReadCsvFile(const char* path)
         QZC_LOG(kLabel, "ファイル名が設定されていません。");
         return false;
     }
-    const char* failure = nullptr;
-    if (!QZCMacOSNative::pathFileExists(path)) {
-        failure = "CSVファイルが存在しません。";
-    } else if (!QZCMacOSNative::pathFileIsRead(path)) {
-        failure = "CSVファイルリードエラーが発生しました。";
-    } else if (static_cast<int64_t>(QZCMacOSNative::getFileSize(path)) <= 0) {
-        failure = "CSVファイルにデータがありません。";
-    }
-    if (failure != nullptr) {
+    const char* failure = QZCMacOSNative::csvFileProblem(path);
+    if (*failure != '\0') {
         QZC_LOG(kLabel, failure);
         QZCUtility::AddOtherExceptionErrorInfo();
         return false;
@@ -39,10 +30,9 @@ void QZCCsvFile::InitMembers()
     m_strText.clear();
 }
 
-bool QZCCsvFile::StoreDataWithinBuffers(std::string& field, Line& lineFields, bool endOfLine)
+bool QZCCsvFile::StoreDataWithinBuffers(std::string_view field, Line& lineFields, bool endOfLine)
 {
-    lineFields.push_back(QZCPublicFunction::StringTrim(field));
-    field.clear();
+    lineFields.emplace_back(field);
     if (endOfLine) {
         m_vLines.push_back(std::move(lineFields));
         lineFields.clear();
@@ -58,55 +48,11 @@ bool QZCCsvFile::ParseCsvData(const char* text)
         return false;
     }
     try {
-        const size_t length = std::strlen(text);
-        std::string field;
         Line lineFields;
-        size_t fieldStart = 0;
-        bool quoted = false;
-        for (size_t i = 0;; ++i) {
-            const bool atEnd = i >= length;
-            const char c = atEnd ? '\0' : text[i];
-            if (quoted) {
-                if (atEnd) {
-                    return StoreDataWithinBuffers(field, lineFields, true);
-                }
-                if (c != '"') {
-                    field += c;
-                    continue;
-                }
-                // A quote closes the field only where a separator follows,
-                // or a single character before the line feed (a blank).
-                const char next = i + 1 < length ? text[i + 1] : '\0';
-                const bool closes = next == ',' || next == '\r' || next == '\n' || next == '\0'
-                                    || (i + 2 < length && text[i + 2] == '\n');
-                if (closes) {
-                    quoted = false;
-                } else {
-                    field += c;
-                }
-                continue;
-            }
-            if (atEnd) {
-                if (lineFields.empty() && field.empty()) {
-                    return true;
-                }
-                return StoreDataWithinBuffers(field, lineFields, true);
-            }
-            if (c == '\n' || c == '\r') {
-                StoreDataWithinBuffers(field, lineFields, true);
-                if (c == '\r' && i + 1 < length && text[i + 1] == '\n') {
-                    ++i;
-                }
-                fieldStart = i + 1;
-            } else if (c == '"' && i == fieldStart) {
-                quoted = true;
-            } else if (c == ',') {
-                StoreDataWithinBuffers(field, lineFields, false);
-                fieldStart = i + 1;
-            } else {
-                field += c;
-            }
-        }
+        return QZCCsvTokenizer::Split(text, QZCCsvTokenizer::QuotedEnd::KeepsRecord,
+                                      [&](std::string_view field, bool endOfLine, QZCCsvTokenizer::Span) {
+                                          return StoreDataWithinBuffers(field, lineFields, endOfLine);
+                                      });
     } catch (...) {
         QZCUtility::AddOtherExceptionErrorInfo();
         QZC_LOG("QZCCsvFile::ParseCsvData", "予期せぬ例外が発生しました。");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 // A comma-separated text file read from Shift_JIS into lines of trimmed
@@ -24,7 +25,8 @@ public:
 
     // Splits the text into lines and fields and appends them to the lines.
     bool ParseCsvData(const char* text);
-    bool StoreDataWithinBuffers(std::string& field, Line& lineFields, bool endOfLine);
+    // Adds the trimmed field to the line; at its end the line to the lines.
+    bool StoreDataWithinBuffers(std::string_view field, Line& lineFields, bool endOfLine);
 
     size_t GetLineCount() const { return m_vLines.size(); }
     Lines::const_iterator GetCsvLineItelator() const { return m_vLines.begin(); }

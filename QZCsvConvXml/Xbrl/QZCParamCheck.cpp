@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <stdexcept>
-#include <strings.h>
 
 #include "QZCLog.h"
 #include "QZCMacOSNative.h"
@@ -20,11 +19,6 @@ namespace {
 
 constexpr const char* kUnexpected = "予期せぬ例外が発生しました。";
 constexpr const char* kEitherFileOrFolder = "財務諸表CSVはファイルまたはフォルダのいずれかを設定してください。";
-
-std::string ToString(const char* text)
-{
-    return text == nullptr ? std::string() : std::string(text);
-}
 
 }  // namespace
 
@@ -46,9 +40,9 @@ bool QZCParamCheck::ParamCheck2(const char* csvFile, const char* csvFolder, cons
                                 const std::vector<int>& paramNumbers)
 {
     constexpr const char* kLabel = "QZCParamCheck::ParamCheck2";
-    const std::string file = ToString(csvFile);
-    const std::string folder = ToString(csvFolder);
-    const std::string version = ToString(styleVersion);
+    const std::string file = QZCUtility::OrEmpty(csvFile);
+    const std::string folder = QZCUtility::OrEmpty(csvFolder);
+    const std::string version = QZCUtility::OrEmpty(styleVersion);
 
     if (!file.empty()) {
         if (!folder.empty()) {
@@ -129,7 +123,7 @@ CheckFileRS QZCParamCheck::CheckPathString(const std::string& path, const std::v
         return CHECK_FILE_EXCEPTION;
     }
     for (const std::string& allowed : extensions) {
-        if (strcasecmp(extension.c_str(), allowed.c_str()) == 0) {
+        if (QZCUtility::AsciiLower(extension) == QZCUtility::AsciiLower(allowed)) {
             return CHECK_FILE_OK;
         }
     }

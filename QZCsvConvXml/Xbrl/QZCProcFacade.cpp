@@ -1,6 +1,7 @@
 #include "QZCProcFacade.h"
 
 #include <algorithm>
+#include <optional>
 #include <stdexcept>
 
 #include "QZCAccountBookListBuilder2.h"
@@ -26,11 +27,6 @@ constexpr size_t kMaxFolderLines = 5000;
     throw std::runtime_error(message);
 }
 
-std::string str(const char* text)
-{
-    return text ? std::string(text) : std::string();
-}
-
 // Reads an accepted file and checks its characters; a failed read stops the
 // whole check.
 void readAcceptedFile(QZCAccountFile& file, const std::string& styleVersion)
@@ -46,6 +42,65 @@ void appendResults(const std::vector<QZCAccountFile>& files, std::vector<_XBRLRE
 {
     for (const QZCAccountFile& file : files)
         results.push_back(file.GetResultInfo());
+}
+
+bool isComplete(const QZCAccountFile& file)
+{
+    return file.GetResultInfo().checkResult == QZICheckComplete;
+}
+
+// The one file named: read when its name passes the rule; false when the
+// name is refused, and the file's record then holds the format error.
+bool readSingleFile(QZCAccountFile& single, const std::string& path, const std::string& version)
+{
+    single.SetCSVFileName(path);
+    QZCValidateFile nameCheck;
+    if (!nameCheck.DoCheck(single)) {
+        single.SetFormatErrorResultInfo(version);
+        return false;
+    }
+    readAcceptedFile(single, version);
+    return true;
+}
+
+// Every file of the folder, read when its name passes the rules of a file
+// and of the folder; the number of lines read, or nullopt when no file was.
+std::optional<size_t> readFolder(const std::string& folder, const std::string& version,
+                                 std::vector<QZCAccountFile>& files)
+{
+    std::vector<std::string> names;
+    QZCParamCheck::GetFileNameList(folder, names);
+    QZCValidateFolderFiles nameCheck;
+    nameCheck.PreCheck(names);
+    files.reserve(names.size());
+    size_t totalLines = 0;
+    bool anyRead = false;
+    for (const std::string& name : names) {
+        QZCAccountFile current;
+        current.SetCSVFileName(name);
+        if (nameCheck.DoCheck(current)) {
+            readAcceptedFile(current, version);
+            totalLines += current.GetCSVData().GetLineCount();
+            anyRead = true;
+        } else {
+            current.SetFormatErrorResultInfo(version);
+        }
+        files.push_back(std::move(current));
+    }
+    return anyRead ? std::optional<size_t>(totalLines) : std::nullopt;
+}
+
+// Over the line cap no file is checked: each one still without errors
+// becomes a format error with the entry of the cap.
+void refuseOverLineCap(std::vector<QZCAccountFile>& files, const std::string& version)
+{
+    QZCErrorInfo tooManyLines;
+    tooManyLines.SetInfo("0000", "00000", "HQZ9900E");
+    for (QZCAccountFile& current : files) {
+        if (isComplete(current))
+            current.SetResultInfo(current.GetCSVFileName(), QZICheckFormatError, current.GetXBRLTypes(), version, "",
+                                  "", "", "", tooManyLines.GetErrorInfo());
+    }
 }
 
 }  // namespace
@@ -64,76 +119,46 @@ bool QZCProcFacade::CsvCheck2(const char* csvFile, const char* csvFolder, const 
     try {
         QZCParamCheck paramCheck;
         if (type != OPERATION_CHECK || !paramCheck.ParamCheckOfCheckMethod2(csvFile, csvFolder, styleVersion)) {
-            results.push_back(makeResultInfo("", 3, "", "", "", QZCUtility::GetError()));
+            results.push_back(makeResultInfo("", QZICheckFormatError, "", "", "", QZCUtility::GetError()));
             QZCUtility::ClearErrorInfo();
             return true;
         }
-        const std::string file = str(csvFile);
-        const std::string folder = str(csvFolder);
-        const std::string version = str(styleVersion);
-
+        const std::string version = QZCUtility::OrEmpty(styleVersion);
         if (QZCParamCheck::isUseFileParam(csvFile)) {
             QZCAccountFile single;
-            single.SetCSVFileName(file);
-            QZCValidateFile nameCheck;
-            if (!nameCheck.DoCheck(single)) {
-                single.SetFormatErrorResultInfo(version);
+            if (!readSingleFile(single, QZCUtility::OrEmpty(csvFile), version)) {
                 results.push_back(single.GetResultInfo());
                 return true;
             }
-            readAcceptedFile(single, version);
             files.push_back(std::move(single));
         } else {
-            std::vector<std::string> names;
-            QZCParamCheck::GetFileNameList(folder, names);
-            QZCValidateFolderFiles nameCheck;
-            nameCheck.PreCheck(names);
-            files.reserve(names.size());
-            size_t totalLines = 0;
-            bool anyRead = false;
-            for (const std::string& name : names) {
-                QZCAccountFile current;
-                current.SetCSVFileName(name);
-                if (nameCheck.DoCheck(current)) {
-                    readAcceptedFile(current, version);
-                    totalLines += current.GetCSVData().GetLineCount();
-                    anyRead = true;
-                } else {
-                    current.SetFormatErrorResultInfo(version);
-                }
-                files.push_back(std::move(current));
-            }
-            if (!anyRead) {
-                appendResults(files, results);
-                return true;
-            }
-            if (totalLines > kMaxFolderLines) {
-                QZCErrorInfo tooManyLines;
-                tooManyLines.SetInfo("0000", "00000", "HQZ9900E");
-                for (QZCAccountFile& current : files) {
-                    if (current.GetResultInfo().checkResult == 0)
-                        current.SetResultInfo(current.GetCSVFileName(), 3, current.GetXBRLTypes(), version, "", "",
-                                              "", "", tooManyLines.GetErrorInfo());
-                }
+            const std::optional<size_t> lines = readFolder(QZCUtility::OrEmpty(csvFolder), version, files);
+            if (lines && *lines > kMaxFolderLines)
+                refuseOverLineCap(files, version);
+            if (!lines || *lines > kMaxFolderLines) {
                 appendResults(files, results);
                 return true;
             }
         }
-
-        const std::string resourceFolder = QZCPublicFunction::GetBundlePath(QZC_RESOURCE_XBRL_V30);
-        bool anyComplete = false;
-        for (QZCAccountFile& current : files) {
-            if (current.GetResultInfo().checkResult == 0)
-                anyComplete = validateCSVToXBRL2forOneFile(OPERATION_CHECK, current, resourceFolder, version) || anyComplete;
-        }
-        if (anyComplete)
-            checkInterFileConsistency(files, version);
+        checkFiles(files, version);
         appendResults(files, results);
         return true;
     } catch (...) {
         QZC_LOG("QZCProcFacade::CsvCheck2", "予期せぬ例外が発生しました。");
         throw;
     }
+}
+
+void QZCProcFacade::checkFiles(std::vector<QZCAccountFile>& files, const std::string& version)
+{
+    const std::string resourceFolder = QZCPublicFunction::GetBundlePath(QZC_RESOURCE_XBRL_V30);
+    bool anyComplete = false;
+    for (QZCAccountFile& current : files) {
+        if (isComplete(current))
+            anyComplete = validateCSVToXBRL2forOneFile(OPERATION_CHECK, current, resourceFolder, version) || anyComplete;
+    }
+    if (anyComplete)
+        checkInterFileConsistency(files, version);
 }
 
 bool QZCProcFacade::validateCSVToXBRL2forOneFile(OPERATION_TYPE type, QZCAccountFile& file,
@@ -195,7 +220,6 @@ bool QZCProcFacade::validateCSVToXBRL2forOneFile(OPERATION_TYPE type, QZCAccount
 
 bool QZCProcFacade::checkInterFileConsistency(std::vector<QZCAccountFile>& files, const std::string& styleVersion)
 {
-    auto isComplete = [](const QZCAccountFile& file) { return file.GetResultInfo().checkResult == 0; };
     auto reference = std::find_if(files.begin(), files.end(), isComplete);
     if (reference == files.end() || reference + 1 == files.end())
         return true;

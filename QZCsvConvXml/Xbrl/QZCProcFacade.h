@@ -16,6 +16,17 @@ enum OPERATION_TYPE {
 
 // The financial statements check: decides for every CSV file of a folder (or
 // for one file) whether it can become XBRL, and compares the files that can.
+//
+// How a check flows: the parameters are checked (a refusal is one format
+// error record for the whole call); the file names are checked, alone and as
+// a folder, and every accepted file is read and its characters checked; over
+// 5000 lines in all no file is checked further. Each file still without
+// errors then goes through the mediator's pass over its lines, the account
+// book builder (layers and the account code list) and the mediator's pass
+// over the layered items; its result setter moves the error list into its
+// record. Last, the complete files' corporate names and fiscal years are
+// compared. A failure of the check itself (a file that cannot be read, a
+// definition that cannot be loaded) leaves as an exception.
 class QZCProcFacade {
 public:
     // Checks a folder (csvFile null) or one file; one result record per file,
@@ -30,6 +41,9 @@ public:
     // Checks the content of one file and sets its result; true when complete.
     static bool validateCSVToXBRL2forOneFile(OPERATION_TYPE type, QZCAccountFile& file,
                                              const std::string& resourceFolder, const std::string& styleVersion);
+    // Checks the content of every file still without errors, then compares
+    // the complete ones.
+    static void checkFiles(std::vector<QZCAccountFile>& files, const std::string& version);
     // Compares corporate name and fiscal year of the complete files.
     static bool checkInterFileConsistency(std::vector<QZCAccountFile>& files, const std::string& styleVersion);
     // Reports the first field that holds a character the service refuses.

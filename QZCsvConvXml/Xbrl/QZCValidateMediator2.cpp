@@ -439,29 +439,45 @@ bool QZCValidateMediator2::checkValidStandardSubjectRequiredItem(const QZCKamoku
                                                                  const std::string& kindCode,
                                                                  const QZCAccountItem2& item, int rowNo)
 {
-    bool ok = true;
+    const GroupState state = checkNameAndGroup(item, rowNo);
+    if (state == GroupState::Stop) {
+        return false;
+    }
+    std::vector<CHILD_ITEM> members;
+    if (!codeList.GetChildList(kindCode, item.GetSubjectId(), members)) {
+        return state == GroupState::Fine;
+    }
+    return checkMembers(codeList, kindCode, item, members, rowNo) && state == GroupState::Fine;
+}
+
+QZCValidateMediator2::GroupState QZCValidateMediator2::checkNameAndGroup(const QZCAccountItem2& item, int rowNo)
+{
     const std::string& code = item.GetSubjectId();
     const int layer = item.GetLayerNo();
     const auto name = m_mapStandardNames.emplace(code, item.GetSubjectName()).first;
     if (name->second != item.GetSubjectName()) {
         QZCUtility::AddCsvErrorInfo(rowNo, 1, "HQZ8250E");
-        ok = false;
-    } else if (!m_tupleChecker.isExistTuple(code)) {
+        return GroupState::NameDiffers;
+    }
+    if (!m_tupleChecker.isExistTuple(code)) {
         m_tupleChecker.add(layer, code);
     } else if (!m_tupleChecker.isOpenType(code)) {
         // A group that was closed appears again.
         QZCUtility::AddCsvErrorInfo(rowNo, kCodeColumn, "HQZ8260E");
         m_tupleChecker.close(layer);
-        return false;
+        return GroupState::Stop;
     } else if (m_tupleChecker.getCheckType(layer, code) == 3) {
         QZCUtility::AddCsvErrorInfo(rowNo, kCodeColumn, "HQZ8260E");
-        return false;
+        return GroupState::Stop;
     }
+    return GroupState::Fine;
+}
 
-    std::vector<CHILD_ITEM> members;
-    if (!codeList.GetChildList(kindCode, code, members)) {
-        return ok;
-    }
+bool QZCValidateMediator2::checkMembers(const QZCKamokuCodeListCSV& codeList, const std::string& kindCode,
+                                        const QZCAccountItem2& item, const std::vector<CHILD_ITEM>& members,
+                                        int rowNo)
+{
+    bool ok = true;
     const auto reject = [&ok](const QZCAccountItem2& child) {
         QZCUtility::AddCsvErrorInfo(child.GetRowNo(), kCodeColumn, "HQZ8260E");
         setErrForChildren(child, kCodeColumn, "HQZ8260E");

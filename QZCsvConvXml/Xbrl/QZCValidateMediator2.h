@@ -6,10 +6,9 @@
 
 #include "QZCAccountBook2.h"
 #include "QZCAccountBookValidator.h"
+#include "QZCKamokuCodeListCSV.h"
 #include "QZCRegex.h"
 #include "QZCValidateMediator.h"
-
-class QZCKamokuCodeListCSV;
 
 // Checks one statements file: its lines against the check definition
 // before the books are built, then every account of the books against the
@@ -64,6 +63,14 @@ public:
     static void setErrForChildren(const QZCAccountItem2& item, int column, const char* code);
 
 private:
+    // Name and repeated group of a standard account: the walk of its members
+    // goes on unless the group stops it.
+    enum class GroupState { Fine, NameDiffers, Stop };
+    GroupState checkNameAndGroup(const QZCAccountItem2& item, int rowNo);
+    // The account's children against the members the code list gives it, in
+    // order; a required member missing is an error of the account.
+    bool checkMembers(const QZCKamokuCodeListCSV& codeList, const std::string& kindCode, const QZCAccountItem2& item,
+                      const std::vector<CHILD_ITEM>& members, int rowNo);
     QZCAccountBookValidator& validator(const char* lineType) { return m_mapValidators[lineType]; }
     // A monetary value: the number pattern, then the money range.
     bool checkMoney(const std::string& value, int rowNo);

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "QZICsvConvXbrlResultXML.h"
+
 // Result record of one financial statements file.
 struct _XBRLRESULTINFO {
     // 0 complete, 1 incomplete, 2 inconsistent with the other files, 3 format error.

@@ -1,6 +1,7 @@
 // The command-line tool as people and scripts use it: exit statuses, the
 // entries of its answers, its hints and its command line.
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iterator>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -202,26 +204,54 @@ TEST(Tool, HintsAndFindingsWhereTheCodeAloneMisleads)
     EXPECT_EQ(text.out.rfind("Note: " + dir.file("HOI010_4.0.csv") + " is UTF-8 text", 0), 0u) << text.out;
 }
 
+TEST(Tool, NamesAStatementsFileItCannotRead)
+{
+    TempDir dir;
+    ::chmod(dir.path().c_str(), 0755);
+    for (const char* name : {"HOT010_3.0_BS.csv", "HOT010_3.0_PL.csv"})
+        std::filesystem::copy_file(kExamples + "financial-statements/" + name, dir.file(name));
+    ::chmod(dir.file("HOT010_3.0_PL.csv").c_str(), 0);
+    // Root reads any file: the tool then runs as nobody.
+    const std::string caller = ::geteuid() == 0 ? "setpriv --reuid=nobody --regid=nogroup --clear-groups" : "";
+    if (!caller.empty() && std::system((caller + " true").c_str()) != 0)
+        GTEST_SKIP() << "cannot run the tool as nobody (setpriv)";
+    const json answer = runTool(kBundle + " --json xbrl " + dir.path() + " 3.0", "", caller).json();
+    EXPECT_EQ(answer["Result"], "E_FAIL");
+    EXPECT_EQ(answer["Entries"].back()["File"], dir.file("HOT010_3.0_PL.csv"));
+    EXPECT_EQ(answer["Entries"].back()["Code"], kUnreadableFile);
+}
+
 TEST(Tool, ReportIsWellFormedOrNotHandedOut)
 {
-    // A unit attribute of 120 characters: its start tag is longer than the
-    // report's tags may be, so the document would be cut short.
+    // Forms of their own: a unit attribute of 120 characters, whose start tag
+    // the report cuts short; a unit on an element that the page's container
+    // tags repeat.
     DetailTestBundle bundle;
-    writeBytes(std::string(std::getenv("QZCSVCONVXML_BUNDLE")) + "/AccountTitle/HOI010_4.0_vld.xml",
+    const std::string folder = std::string(std::getenv("QZCSVCONVXML_BUNDLE")) + "/AccountTitle/";
+    writeBytes(folder + "HOI010_4.0_vld.xml",
                R"(<definition><report id="HOI010" reportId="HOI010" reportVR="4.0" columnNum="4" maxOccurs="100">
                     <item id="rows" parent="HOI010" meisaiGoukei="0"/>
                     <item id="area" parent="rows" column="3" unit="1" meisaiGoukei="0"/></report></definition>)");
-    TempDir dir;
-    writeShiftJis(dir.file("HOI010_4.0.csv"), "HOI010,0,2480," + std::string(120, 'm') + "\r\n");
-    writeBytes(dir.file("report.xml"), "old");
-    const ToolRun run = runTool("--json report -o " + dir.file("report.xml") + " " + dir.file("HOI010_4.0.csv") + " 4.0");
-    EXPECT_EQ(run.status, 1);
-    const json answer = run.json();
-    EXPECT_EQ(answer["Report"], "");
-    EXPECT_EQ(answer["Conformity"], 1);
-    EXPECT_EQ(answer["Verdict"], "failed");
-    EXPECT_EQ(answer["Entries"].back()["Code"], kReportNotWellFormed);
-    EXPECT_EQ(readBytes(dir.file("report.xml")), "old");
+    writeBytes(folder + "HOI020_4.0_vld.xml",
+               R"(<definition><report id="HOI020" reportId="HOI020" reportVR="4.0" columnNum="4" maxOccurs="9" )"
+               R"(sibling="1"><item id="bank" parent="HOI020" column="3" unit="1" meisaiGoukei="0"/>)"
+               "</report></definition>");
+    const std::string cases[] = {
+        bundle.Csv("HOI010_4.0.csv", "HOI010,0,2480," + std::string(120, 'm') + "\r\n") + " 4.0",
+        bundle.Csv("HOI020_4.0.csv", "HOI020,0,みなと銀行,円\r\n") + " 4.0",
+    };
+    const std::string target = bundle.Path("report.xml");
+    for (const std::string& csv : cases) {
+        writeBytes(target, "old");
+        const ToolRun run = runTool("--json report -o " + target + " " + csv);
+        EXPECT_EQ(run.status, 1) << csv;
+        const json answer = run.json();
+        EXPECT_EQ(answer["Report"], "") << csv;
+        EXPECT_EQ(answer["Conformity"], 1) << csv;
+        EXPECT_EQ(answer["Verdict"], "failed") << csv;
+        EXPECT_EQ(answer["Entries"].back()["Code"], kReportNotWellFormed) << csv;
+        EXPECT_EQ(readBytes(target), "old") << csv;
+    }
 
     const ToolRun rowKind = runTool(kBundle + " --lang en report " + kExamples + "detail/with-errors/HOI010_4.0_預貯金等_フォーマット区分.csv 4.0");
     EXPECT_EQ(rowKind.status, 1);
