@@ -129,9 +129,14 @@ std::string QZCShiftJis::readSJISFile(const char* path)
     SjisDecoder decoder;
     std::string text;
     struct stat status;
-    if (::fstat(::fileno(file), &status) == 0 && S_ISREG(status.st_mode) &&
-        static_cast<size_t>(status.st_size) <= kMaxBytes)
+    if (::fstat(::fileno(file), &status) == 0 && S_ISREG(status.st_mode)) {
+        // A file too large to hold is refused from its size, unread.
+        if (static_cast<size_t>(status.st_size) > kMaxBytes) {
+            std::fclose(file);
+            return "";
+        }
         text.reserve(expectedUtf8Size(static_cast<size_t>(status.st_size)));
+    }
     QZCFileAccess::adviseHugePages(text.data(), text.capacity());
     // The file is decoded as it is read instead of being held whole first.
     char buffer[65536];

@@ -159,6 +159,11 @@ TEST(HostileNumbers, LayersAtTheEndsOfAnInt)
             EXPECT_EQ(CheckStatements(folder, "HOT010_3.0_NT.csv", notes(layer)), ordinary) << layer;
         EXPECT_EQ(CheckStatements(folder, "HOT010_3.0_NT.csv", notes("-" + kHuge)),
                   CheckStatements(folder, "HOT010_3.0_NT.csv", notes("-6000")));
+        const auto line = [](const std::string& layer) {
+            return "A,BS,,,\nB,株式会社みなと商事,,,\nC1,2024-04-01,,,\nC2,2025-03-31,,,\nx,1,1," + layer + ",y\n";
+        };
+        EXPECT_EQ(CheckStatements(folder, "HOT010_3.0_BS.csv", line("2147483647")),
+                  CheckStatements(folder, "HOT010_3.0_BS.csv", line("6000")));
     }
 }
 
