@@ -1,0 +1,21 @@
+// Every detail statement and appended table of the bundle in full mode
+// through the interface: the first byte picks the form, the rest is the CSV
+// file, named as that form's files are.
+#include "FuzzSupport.h"
+#include "QZICsvConvXML.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    ScratchBundle();  // the operations find the bundle through its variable
+    const std::string input = Bytes(data, size);
+    const FuzzForm& form = FormFor(input);
+    const std::string path = (ScratchDir() / (form.reportId + "_" + form.version + ".csv")).string();
+    WriteFile(path, input.substr(input.empty() ? 0 : 1));
+    QZICsvConvXML operations;
+    if (form.appended)
+        operations.CsvCheckToAppendedTable(path.c_str(), form.version.c_str());
+    else
+        operations.CsvCheckToDetailAccountTitle2(path.c_str(), form.version.c_str());
+    std::filesystem::remove(path);
+    return 0;
+}
