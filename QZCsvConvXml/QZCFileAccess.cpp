@@ -89,7 +89,10 @@ uint64_t QZCFileAccess::getFileSize(const char* path)
 
 bool QZCFileAccess::pathFileIsRead(const char* path)
 {
-    return path && *path && ::access(path, R_OK) == 0;
+    struct stat info;
+    return path && *path && ::access(path, R_OK) == 0 &&
+           !(statPath(path, info) && S_ISREG(info.st_mode) &&
+             static_cast<uint64_t>(info.st_size) > kMaxReadableFileSize);
 }
 
 void QZCFileAccess::adviseHugePages(const void* data, size_t size)

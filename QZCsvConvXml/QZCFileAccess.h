@@ -18,6 +18,13 @@ public:
     static bool pathDirectoryExists(const char* path, bool parent);
     // Size in bytes; all bits set when the file's attributes cannot be read.
     static uint64_t getFileSize(const char* path);
+    // The largest file the readers take (about 682 MiB): its text, at most
+    // three UTF-8 bytes per Shift_JIS byte, stays within a 32-bit length, as
+    // the field storage of a detail file and the character routines count.
+    static constexpr uint64_t kMaxReadableFileSize = INT32_MAX / 3;
+    // The file is readable by the current user and, when it is a regular
+    // file, not larger than the readers take: a larger one is refused from
+    // its size, before any of it is read.
     static bool pathFileIsRead(const char* path);
     // Why a CSV file cannot be read, as the readers log it ("" when it can):
     // missing, unreadable or without data.

@@ -123,17 +123,21 @@ std::optional<std::string> QZCShiftJis::utf8ToSjis(const std::string& text)
 
 std::string QZCShiftJis::readSJISFile(const char* path)
 {
-    // Texts stay within what a 32-bit length can count, also in UTF-8.
-    constexpr size_t kMaxBytes = INT32_MAX / 3;
+    constexpr size_t kMaxBytes = QZCFileAccess::kMaxReadableFileSize;
     FILE* file = path && *path ? std::fopen(path, "rb") : nullptr;
     if (!file)
         return "";
     SjisDecoder decoder;
     std::string text;
     struct stat status;
-    if (::fstat(::fileno(file), &status) == 0 && S_ISREG(status.st_mode) &&
-        static_cast<size_t>(status.st_size) <= kMaxBytes)
+    if (::fstat(::fileno(file), &status) == 0 && S_ISREG(status.st_mode)) {
+        // A file too large to hold is refused from its size, unread.
+        if (static_cast<size_t>(status.st_size) > kMaxBytes) {
+            std::fclose(file);
+            return "";
+        }
         text.reserve(expectedUtf8Size(static_cast<size_t>(status.st_size)));
+    }
     QZCFileAccess::adviseHugePages(text.data(), text.capacity());
     // The file is decoded as it is read instead of being held whole first.
     char buffer[65536];

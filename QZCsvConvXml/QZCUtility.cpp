@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 
 #include <unicode/utf8.h>
 
@@ -169,6 +170,18 @@ int64_t QZCUtility::LeadingDigits(std::string_view text)
         value = value * 10 + digit;
     }
     return value;
+}
+
+int64_t QZCUtility::LeadingInteger(std::string_view text)
+{
+    size_t start = 0;
+    while (start < text.size() && std::isspace(static_cast<unsigned char>(text[start])))
+        ++start;
+    const bool negative = start < text.size() && text[start] == '-';
+    if (start < text.size() && (text[start] == '-' || text[start] == '+'))
+        ++start;
+    const int64_t magnitude = std::min<int64_t>(LeadingDigits(text.substr(start)), int64_t{INT32_MAX} + 1);
+    return negative ? -magnitude : std::min<int64_t>(magnitude, INT32_MAX);
 }
 
 bool QZCUtility::IsFylaAvailableString(const char* text)

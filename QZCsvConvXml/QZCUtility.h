@@ -76,6 +76,11 @@ public:
     // The number its leading decimal digits write, 0 when the text does not
     // start with a digit (so "+5" and " 5" are 0); INT64_MAX when it is larger.
     static int64_t LeadingDigits(std::string_view text);
+    // The number a text starts with as atol reads it (blanks, an optional
+    // sign, digits; 0 without digits), held within INT32_MIN..INT32_MAX. No
+    // count, column or length of a file the library reads goes beyond, and a
+    // column number plus a few still fits the int of an error entry.
+    static int64_t LeadingInteger(std::string_view text);
 
     // Characters the e-filing service accepts (UTF-8 text; null or empty passes).
     static bool IsFylaAvailableString(const char* text);

@@ -92,6 +92,11 @@ std::vector<std::vector<std::string>> QZICsvConvSupport::ReadCsvRecords(const st
     return ParseCsv(QZCMacOSNative::readSJISFile(path.c_str()));
 }
 
+uint64_t QZICsvConvSupport::MaxReadableFileSize()
+{
+    return QZCFileAccess::kMaxReadableFileSize;
+}
+
 bool QZICsvConvSupport::IsWellFormedXml(const std::string& text)
 {
     QZCDOMParser parser;

@@ -67,6 +67,9 @@ public:
     // fields trimmed); empty for a file that cannot be read or is not
     // Shift_JIS. The text ends at a NUL byte, as the library reads it.
     static std::vector<std::vector<std::string>> ReadCsvRecords(const std::string& path);
+    // The size in bytes of the largest file the operations read; a larger
+    // one is refused from its size as a file that cannot be read.
+    static uint64_t MaxReadableFileSize();
 
     // Whether the text is a well-formed XML document for the library's parser.
     static bool IsWellFormedXml(const std::string& text);

@@ -1,7 +1,5 @@
 #include "QZIFormLayout.h"
 
-#include <climits>
-#include <cstdlib>
 #include <memory>
 #include <utility>
 
@@ -27,8 +25,8 @@ constexpr const char* kFolders[] = {kDetailFolder, "AppendedTable"};
 // the default.
 int ColumnOf(const std::string& attribute, int defaultColumn)
 {
-    const long column = std::atol(attribute.c_str());
-    return column < 1 || column > INT_MAX ? defaultColumn : static_cast<int>(column);
+    const int64_t column = QZCUtility::LeadingInteger(attribute);
+    return column < 1 ? defaultColumn : static_cast<int>(column);
 }
 
 Rule ReadRule(const QZCDOMParser& dom, int column)

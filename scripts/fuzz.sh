@@ -19,10 +19,11 @@ cmake --build "$build" -j2
 # Target and the dictionary of its format.
 declare -A dictionary=(
   [detail_csv]=csv [detail_light]=csv [statements_csv]=csv [statements_folder]=csv
-  [definition]=xml [settings]=ini [sjis]=sjis [csv_write]=sjis [normalize]=normalize)
+  [definition]=xml [settings]=ini [sjis]=sjis [csv_write]=sjis [normalize]=normalize
+  [detail_forms]=csv [report]=csv [arguments]=csv [code_list]=csv [definition_check]=xml)
 targets=("$@")
 ((${#targets[@]})) || targets=(detail_csv detail_light statements_csv statements_folder definition settings sjis csv_write
-  normalize)
+  normalize detail_forms report arguments code_list definition_check)
 
 # Scratch files in memory where possible: the write target syncs every file
 # it writes, which on a disk costs more than the rest of an execution.

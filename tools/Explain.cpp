@@ -39,6 +39,12 @@ bool blocksConversion(const std::string& code)
     return !message || message->blocksConversion;
 }
 
+// A file the library refuses from its size, and the tool does not read.
+bool tooLarge(const struct stat& status)
+{
+    return static_cast<uint64_t>(status.st_size) > QZICsvConvSupport::MaxReadableFileSize();
+}
+
 std::optional<std::string> readBytes(const std::string& path)
 {
     std::ifstream in(path, std::ios::binary);
@@ -224,6 +230,10 @@ void inspectCsvBytes(const std::string& file, const std::string& path, Language 
     struct stat status;
     if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode))
         return;
+    if (tooLarge(status)) {
+        entries.push_back(makeEntry(file, 0, 0, kTooLargeFile, language));
+        return;
+    }
     const std::optional<std::string> bytes = readBytes(path);
     if (!bytes)
         return;
@@ -269,6 +279,8 @@ std::vector<Json> inspectFolder(const std::string& folder, Language language)
             code = kSpecialFile;
         else if (status.st_size == 0)
             code = kEmptyFile;
+        else if (tooLarge(status))
+            code = kTooLargeFile;
         else if (int descriptor = ::open(path.c_str(), O_RDONLY); descriptor < 0)
             code = kUnreadableFile;
         else

@@ -28,13 +28,13 @@ std::vector<Json> explainStatements(const std::string& file, const std::string& 
                                     Language language);
 
 // What the library's answer leaves silent about the bytes of a CSV file:
-// entries for text that is not Shift_JIS or holds a NUL byte, and a hint
-// for a UTF-8 file with the command that converts it.
+// entries for a file too large to read, text that is not Shift_JIS or holds
+// a NUL byte, and a hint for a UTF-8 file with the command that converts it.
 void inspectCsvBytes(const std::string& file, const std::string& path, Language language, std::vector<Json>& entries,
                      std::vector<std::string>& hints);
 
 // Entries for the files of a statements folder that cannot be checked at
-// all: empty, unreadable or not regular files.
+// all: empty, too large, unreadable or not regular files.
 std::vector<Json> inspectFolder(const std::string& folder, Language language);
 
 // Entries for the first characters of data to write that have no Shift_JIS

@@ -108,6 +108,8 @@ const Message kMessages[] = {
     {kEmptyFile, "ファイルが空です。", "The file is empty."},
     {kUnreadableFile, "ファイルを読み込めません。", "The file cannot be read."},
     {kSpecialFile, "通常のファイルではありません（フォルダ、FIFO、デバイスなど）。", "This is not a regular file (a folder, FIFO, device or the like)."},
+    {kTooLargeFile, "ファイルが大きすぎます。ライブラリは読み込める大きさ（約682MiB）を超えるファイルを、読み込めないファイルとして扱います。",
+     "The file is too large: the library takes a file over the size it can hold (about 682 MiB) as one it cannot read."},
     {kNoShiftJisForm, "この文字にはShift_JISの形がないため、書き込めません。", "This character has no Shift_JIS form, so the data cannot be written."},
     {kNotUtf8, "書き込むデータがUTF-8のテキストではありません。", "The data to write is not UTF-8 text."},
     {kUnknownForm, "ファイル名から様式（帳票IDとバージョン）を判別できません。",

@@ -25,6 +25,7 @@ inline constexpr const char* kNulByte = "QZT0210E";
 inline constexpr const char* kEmptyFile = "QZT0300E";
 inline constexpr const char* kUnreadableFile = "QZT0310E";
 inline constexpr const char* kSpecialFile = "QZT0320E";
+inline constexpr const char* kTooLargeFile = "QZT0330E";
 inline constexpr const char* kNoShiftJisForm = "QZT0400E";
 inline constexpr const char* kNotUtf8 = "QZT0410E";
 inline constexpr const char* kUnknownForm = "QZT0500E";

@@ -318,7 +318,7 @@ bool QZCDatCsvFile::IsValidFormatKubun(const std::string& formatKubun, const std
     const std::string bracketed = m_pDefinition->GetAttribute("bracketed");
     if (id == formatKubun) {
         // The first detail operation wants a page-numbered form written with its page number.
-        return std::atol(bracketed.c_str()) == 0 || !IsTypeCaseDetail();
+        return QZCUtility::LeadingInteger(bracketed) == 0 || !IsTypeCaseDetail();
     }
     const size_t open = formatKubun.find('(');
     if (open == std::string::npos || formatKubun.compare(0, open, id) != 0) {
@@ -331,7 +331,7 @@ bool QZCDatCsvFile::IsValidFormatKubunPageNumber(const std::string& rest, const 
 {
     const size_t open = rest.find('(');
     const size_t close = rest.find(')');
-    return std::atol(bracketed.c_str()) == 1 && open != std::string::npos && close != std::string::npos &&
+    return QZCUtility::LeadingInteger(bracketed) == 1 && open != std::string::npos && close != std::string::npos &&
            close == rest.size() - 1 && close > open && IsValidPageNumber(rest.substr(open + 1, close - open - 1));
 }
 
@@ -350,7 +350,7 @@ std::vector<int64_t> QZCDatCsvFile::GetVecColCount(const std::string& text) cons
     std::vector<int64_t> counts;
     std::istringstream stream(QZCPublicFunction::StringTrim(text));
     for (std::string piece; stream >> piece;) {
-        counts.push_back(std::atol(piece.c_str()));
+        counts.push_back(QZCUtility::LeadingInteger(piece));
     }
     return counts;
 }
@@ -414,10 +414,10 @@ const QZCDatCsvFile::FormatKubunInfo& QZCDatCsvFile::LookUpFormatKubun(const std
         do {
             if (IsValidFormatKubun(formatKubun, styleVersion)) {
                 info.found = true;
-                info.columnNum = std::atol(m_pDefinition->GetAttribute("columnNum").c_str());
+                info.columnNum = QZCUtility::LeadingInteger(m_pDefinition->GetAttribute("columnNum"));
                 info.columnNumEx = GetVecColCount(m_pDefinition->GetAttribute("columnNumEx"));
-                info.maxOccurs = std::atol(m_pDefinition->GetAttribute("maxOccurs").c_str());
-                info.maxOccursPerTag = std::atol(m_pDefinition->GetAttribute("maxOccursPerTag").c_str());
+                info.maxOccurs = QZCUtility::LeadingInteger(m_pDefinition->GetAttribute("maxOccurs"));
+                info.maxOccursPerTag = QZCUtility::LeadingInteger(m_pDefinition->GetAttribute("maxOccursPerTag"));
                 break;
             }
         } while (m_pDefinition->MoveNextSibling() == 0);

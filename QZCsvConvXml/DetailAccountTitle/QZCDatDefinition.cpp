@@ -9,6 +9,7 @@
 #include "QZCDatITData.h"
 #include "QZCLog.h"
 #include "QZCPublicFunction.h"
+#include "QZCUtility.h"
 
 QZCDatDefinition::QZCDatDefinition() = default;
 
@@ -189,7 +190,7 @@ public:
     {
         const size_t open = kubun.find('(');
         if (open != std::string::npos)
-            return std::atol(kubun.substr(open + 1, kubun.find(')') - open - 1).c_str());
+            return QZCUtility::LeadingInteger(kubun.substr(open + 1, kubun.find(')') - open - 1));
         const int64_t rows = ++m_rows[kubun];
         const int64_t page = m_pages[kubun];
         const bool total = !isDetailRow(csv, record);

@@ -1,10 +1,9 @@
 #include "QZCDatITData.h"
 
-#include <cstdlib>
-
 #include "QZCDatValidator.h"
 #include "QZCLog.h"
 #include "QZCMacOSNative.h"
+#include "QZCUtility.h"
 
 QZCDatITData::QZCDatITData() = default;
 
@@ -89,7 +88,7 @@ bool QZCDatITData::IsD15HO001On() const
 
 void QZCDatITData::SetPageNo(QZCDatArgValid_t kind, const char* value)
 {
-    const int64_t number = (value == nullptr || *value == '\0') ? 1 : std::atol(value);
+    const int64_t number = (value == nullptr || *value == '\0') ? 1 : QZCUtility::LeadingInteger(value);
     if (kind == ARG_PAGENO || kind == ARG_CSVPAGENO) {
         m_nCsvPageNo = number;
     } else if (kind == ARG_XMLPAGENO) {

@@ -1,8 +1,7 @@
 #include "QZCDatValidCharlength.h"
 
-#include <cstdlib>
-
 #include "QZCMacOSNative.h"
+#include "QZCUtility.h"
 
 void QZCDatValidCharlength::SetParam(const std::string& max)
 {
@@ -14,7 +13,7 @@ QZCDatMessage_t QZCDatValidCharlength::_validate(const std::string& value)
     if (m_strMax.empty()) {
         ThrowParamError("QZCDatValidCharlength::_validate");
     }
-    if (_strcount(value) <= std::atol(m_strMax.c_str())) {
+    if (_strcount(value) <= QZCUtility::LeadingInteger(m_strMax)) {
         return MSG_NONE;
     }
     return Fail("QZCDatValidCharlength::_validate", MSG_HQZ9620E);

@@ -1,6 +1,6 @@
 #include "QZCDatValidLength.h"
 
-#include <cstdlib>
+#include "QZCUtility.h"
 
 void QZCDatValidLength::SetParam(const std::string& length, const std::string& max)
 {
@@ -18,15 +18,15 @@ QZCDatMessage_t QZCDatValidLength::_validate(const std::string& value)
         return MSG_NONE;
     }
     if (!m_strLength.empty()) {
-        const long length = std::atol(m_strLength.c_str());
-        return static_cast<long>(value.size()) == length ? MSG_NONE : Fail(label, MSG_HQZ9620E);
+        const int64_t length = QZCUtility::LeadingInteger(m_strLength);
+        return static_cast<int64_t>(value.size()) == length ? MSG_NONE : Fail(label, MSG_HQZ9620E);
     }
     return value.find('.') != std::string::npos ? _validateDecimal(value) : _validateInteger(value);
 }
 
 QZCDatMessage_t QZCDatValidLength::_validateInteger(const std::string& value)
 {
-    const long limit = std::atol(m_strMax.c_str());
+    const int64_t limit = QZCUtility::LeadingInteger(m_strMax);
     // 16 places hold at most 15 digits and a sign.
     const bool signRequired = m_strMax.find('.') != std::string::npos || limit == 16;
     if (FitsPlaces(value, value.size(), static_cast<size_t>(limit < 0 ? 0 : limit), signRequired)) {
@@ -38,8 +38,8 @@ QZCDatMessage_t QZCDatValidLength::_validateInteger(const std::string& value)
 QZCDatMessage_t QZCDatValidLength::_validateDecimal(const std::string& value)
 {
     const size_t maxPoint = m_strMax.find('.');
-    const long places = std::atol(m_strMax.substr(0, maxPoint).c_str());
-    const long decimals = maxPoint == std::string::npos ? 0 : std::atol(m_strMax.c_str() + maxPoint + 1);
+    const int64_t places = QZCUtility::LeadingInteger(m_strMax.substr(0, maxPoint));
+    const int64_t decimals = maxPoint == std::string::npos ? 0 : QZCUtility::LeadingInteger(m_strMax.substr(maxPoint + 1));
     const size_t point = value.rfind('.');
     const size_t fraction = value.size() - point - 1;
     if (fraction <= static_cast<size_t>(decimals < 0 ? 0 : decimals) &&

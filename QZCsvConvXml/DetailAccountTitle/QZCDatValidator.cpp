@@ -1,10 +1,9 @@
 #include "QZCDatValidator.h"
 
-#include <cstdlib>
-
 #include "QZCDOMParser.h"
 #include "QZCDatValidStyleVersion.h"
 #include "QZCLog.h"
+#include "QZCUtility.h"
 
 namespace {
 
@@ -76,7 +75,7 @@ const ArgValidTable* FindArgValidTable(QZCDatArgValid_t argument)
 // A "column" attribute counts from 1; below 1 (or absent) means the default.
 long ColumnOf(const std::string& attribute, long defaultColumn)
 {
-    const long column = std::atol(attribute.c_str());
+    const int64_t column = QZCUtility::LeadingInteger(attribute);
     return column < 1 ? defaultColumn : column - 1;
 }
 
@@ -135,7 +134,7 @@ int QZCDatValidator::SetUpOuter(QZCDOMParser* dom, QZCDatValidItem* item)
     }
     int result = 0;
     do {
-        const long column = std::atol(dom->GetAttribute("column").c_str());
+        const int64_t column = QZCUtility::LeadingInteger(dom->GetAttribute("column"));
         if (dom->GetNodeName() != "outer" || column < 1) {
             continue;
         }

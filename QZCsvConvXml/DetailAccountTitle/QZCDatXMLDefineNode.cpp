@@ -1,7 +1,6 @@
 #include "QZCDatXMLDefineNode.h"
 
 #include <cstdio>
-#include <cstdlib>
 
 #include "QZCDOMParser.h"
 #include "QZCDatConvertInfo.h"
@@ -13,6 +12,7 @@
 #include "QZCDatXMLDefNormal.h"
 #include "QZCLog.h"
 #include "QZCPublicFunction.h"
+#include "QZCUtility.h"
 
 namespace {
 
@@ -68,7 +68,7 @@ int QZCDatXMLDefineNode::Initialize(QZCDOMParser* dom)
         m_strName = dom->GetAttribute("id");
         m_strParentName = dom->GetAttribute("parent");
         m_strMeisaiGoukei = dom->GetAttribute("meisaiGoukei");
-        const long column = std::atol(dom->GetAttribute("column").c_str());
+        const int64_t column = QZCUtility::LeadingInteger(dom->GetAttribute("column"));
         m_nColumn = column >= 1 ? column - 1 : -1;
         m_bZeroSuppress = dom->GetAttribute("zeroSuppress") == "true";
         m_bUnit = dom->GetAttribute("unit") == "1";

@@ -1,6 +1,5 @@
 #include "QZCDatXMLManager.h"
 
-#include <cstdlib>
 #include <memory>
 
 #include "QZCDOMParser.h"
@@ -309,7 +308,7 @@ bool QZCDatXMLManager::IsValidFilename(const std::string& base, const std::strin
     }
     // A file of an earlier minor version of the same major version passes.
     return base == candidateBase && minor.size() == candidateMinor.size() &&
-           std::atoi(minor.c_str()) <= std::atoi(candidateMinor.c_str());
+           QZCUtility::LeadingInteger(minor) <= QZCUtility::LeadingInteger(candidateMinor);
 }
 
 std::string QZCDatXMLManager::GetIdVr(const std::string& separator)

@@ -1,22 +1,9 @@
 #include "QZCAccountItem.h"
 
-#include <climits>
-#include <cstdlib>
-
 #include "QZCLog.h"
 #include "QZCUtility.h"
 
 namespace {
-
-// Column 4 read like a C integer: optional sign and leading digits, else 0.
-int ParseLayerNo(const std::string& text)
-{
-    const long long value = std::strtoll(text.c_str(), nullptr, 10);
-    if (value > INT_MAX) {
-        return INT_MAX;
-    }
-    return value < INT_MIN ? INT_MIN : static_cast<int>(value);
-}
 
 bool IsNumericItemType(const std::string& type)
 {
@@ -42,7 +29,7 @@ bool QZCAccountItem::SetCsvData(const Line& line, int rowNo)
     try {
         const std::string& type = line.at(2);
         m_nRowNo = rowNo;
-        m_nLayerNo = ParseLayerNo(line.at(3));
+        m_nLayerNo = static_cast<int>(QZCUtility::LeadingInteger(line.at(3)));
         m_strSubjectId = line.at(4);
         m_strSubjectName = line.at(0);
         m_strParentSbjId.clear();

@@ -1,5 +1,6 @@
 #include "QZCValidItem.h"
 
+#include <algorithm>
 #include <climits>
 #include <memory>
 #include <string>
@@ -60,17 +61,7 @@ bool QZCValidItem::DoCheck(const std::string&)
 
 int QZCValidItem::LeadingInt(const std::string& text)
 {
-    long long value = 0;
-    for (const char c : text) {
-        if (c < '0' || c > '9') {
-            break;
-        }
-        value = value * 10 + (c - '0');
-        if (value > INT_MAX) {
-            return INT_MAX;
-        }
-    }
-    return static_cast<int>(value);
+    return static_cast<int>(std::min<int64_t>(QZCUtility::LeadingDigits(text), INT_MAX));
 }
 
 bool QZCValidItem::SetCommonInfo(QZCDOMParser& parser, const std::string& itemId)

@@ -1,5 +1,6 @@
 #include "QZCValidateMediator2.h"
 
+#include <climits>
 #include <stdexcept>
 
 #include "QZCAccountBookListBuilder2.h"
@@ -35,7 +36,7 @@ bool QZCValidateMediator2::QZCTupleChecker::add(int layer, const std::string& co
     const auto open = m_mapOpenLayers.find(layer);
     if (open != m_mapOpenLayers.end()) {
         m_mapStates[open->second] = TUPLE_CLOSED;
-        close(layer + 1);
+        closeDeeper(layer);
     }
     m_mapOpenLayers[layer] = code;
     m_mapStates[code] = TUPLE_OPEN;
@@ -54,6 +55,13 @@ void QZCValidateMediator2::QZCTupleChecker::close(int layer)
         if (!heldAbove) {
             m_mapStates[code] = TUPLE_CLOSED;
         }
+    }
+}
+
+void QZCValidateMediator2::QZCTupleChecker::closeDeeper(int layer)
+{
+    if (layer < INT_MAX) {
+        close(layer + 1);
     }
 }
 
@@ -333,7 +341,7 @@ bool QZCValidateMediator2::ExecCheckPerItem(const QZCKamokuCodeListCSV& codeList
         }
         ok = ExecCheckPerItem(codeList, kindCode, *child) && ok;
     }
-    m_tupleChecker.close(item.GetLayerNo() + 1);
+    m_tupleChecker.closeDeeper(item.GetLayerNo());
     return ok;
 }
 

@@ -23,6 +23,8 @@ public:
         bool add(int layer, const std::string& code);
         // Closes the tuples at this layer and deeper.
         void close(int layer);
+        // Closes the tuples below this layer (none lies below the largest layer number).
+        void closeDeeper(int layer);
         void clear(int layer, const std::string& code);
         bool isExistTuple(const std::string& code) const;
         bool isOpenType(const std::string& code) const;

@@ -20,6 +20,7 @@
 #include "QZCDOMParser.h"
 #include "QZCParamCheck.h"
 #include "QZCUtility.h"
+#include "QZICsvConvSupport.h"
 #include "TestSupport.h"
 #include "ToolSupport.h"
 
@@ -143,6 +144,12 @@ TEST(Tool, HintsAndFindingsWhereTheCodeAloneMisleads)
     writeBytes(dir.file("special/HOT010_3.0_BS.csv"), "");
     ::mkfifo(dir.file("special/HOT010_3.0_PL.csv").c_str(), 0644);
     writeBytes(dir.file("write.txt"), "a,b\nc,〜d😀\n");
+    // Sparse files over the size the library reads, refused unread.
+    ::mkdir(dir.file("large").c_str(), 0755);
+    for (const char* name : {"HOI010_4.0_large.csv", "large/HOT010_3.0_BS.csv"}) {
+        writeBytes(dir.file(name), "");
+        std::filesystem::resize_file(dir.file(name), QZICsvConvSupport::MaxReadableFileSize() + 1);
+    }
     const struct {
         std::string arguments;
         std::string code;  // the tool's finding, if any
@@ -156,6 +163,8 @@ TEST(Tool, HintsAndFindingsWhereTheCodeAloneMisleads)
         {"detail2 " + dir.file("HOI010_4.0_nul.csv") + " 4.0", kNulByte, 2, "0x00", ""},
         {"xbrl " + dir.file("special") + " 3.0", kEmptyFile, 0, "", ""},
         {"xbrl " + dir.file("special") + " 3.0", kSpecialFile, 0, "", ""},
+        {"detail2 " + dir.file("HOI010_4.0_large.csv") + " 4.0", kTooLargeFile, 0, "", ""},
+        {"xbrl " + dir.file("large") + " 3.0", kTooLargeFile, 0, "", ""},
         {"write " + dir.file("out.csv") + " " + dir.file("write.txt"), kNoShiftJisForm, 2, "〜 (U+301C)", ""},
         {"--bundle /nonexistent detail2 " + kExamples + "detail/HOI010_4.0_預貯金等.csv 4.0", "", 0, "",
          "looked in: /nonexistent"},
