@@ -327,3 +327,8 @@ int exitStatus(const Json& answer)
 {
     return answer.value("Valid", false) ? 0 : 1;
 }
+
+void printJson(std::ostream& out, const Json& answer)
+{
+    out << answer.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -35,6 +36,10 @@ std::string statementsFile(const Json& answer, size_t index);
 
 // 0 for an answer with nothing found, 1 for anything found or failed.
 int exitStatus(const Json& answer);
+
+// Prints an answer as indented JSON; bytes that are not UTF-8 (a Shift_JIS
+// file name, say) become U+FFFD, so printing never fails.
+void printJson(std::ostream& out, const Json& answer);
 
 // The version of the answer layout, as the schema file names it.
 inline constexpr const char* kSchemaVersion = "1.1";

@@ -13,6 +13,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "Commands.h"
 #include "QZICsvConvSupport.h"
 #include "QZICsvConvXML.h"
 
@@ -198,7 +199,7 @@ int ImportCodes(const std::string& kind, const std::string& publicList, const st
                               {"Result", problem.empty() ? PROCESS_OK : PROCESS_FAIL},
                               {"Rows", problem.empty() ? list.rows : 0},
                               {"Message", problem}};
-        std::cout << out.dump(2) << "\n";
+        printJson(std::cout, out);
     } else if (problem.empty()) {
         std::cout << output << ": "
                   << pick(language, kind + " の科目コードリストを書き込みました（" + std::to_string(list.rows) + " 行）",

@@ -635,7 +635,7 @@ int Normalize(NormalizeOptions options, bool json, Language language)
     options.language = language;
     const Json answer = runNormalize(options);
     if (json)
-        std::cout << answer.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+        printJson(std::cout, answer);
     else
         printNormalizeAnswer(std::cout, answer, language);
     return exitStatus(answer);

@@ -177,7 +177,7 @@ int run(int argc, char** argv)
         checkOptions.language = language;
         const Json answer = runCheck(checkOptions);
         if (json)
-            std::cout << answer.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+            printJson(std::cout, answer);
         else
             printCheckSummary(std::cout, answer, language);
         writeHtml(answer["Answers"]);
@@ -194,7 +194,7 @@ int run(int argc, char** argv)
     const Json answer = runCommand(call);
     writeHtml(Json::array({answer}));
     if (json) {
-        std::cout << answer.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+        printJson(std::cout, answer);
     } else {
         // The report XML takes standard output unless it goes to a file.
         const bool xmlOut = call.command == "report" && call.output.empty() && !answer["Report"].get<std::string>().empty();
